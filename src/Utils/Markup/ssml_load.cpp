@@ -1,0 +1,154 @@
+/* ssml_load.cpp - SSML text or a Mini-XML tree in, the utterance's "ssml"
+ * relation out: one element item per element, one text item per text run. */
+#include "ssml_io.h"
+
+#include <string.h>
+
+#include "Utils/Markup/item_tag.h"
+#include "Utils/Markup/scratch_text.h"
+#include "Utils/Markup/ssml_names.h"
+
+namespace {
+
+enum class NodeKind { kElement, kText, kSkipped };
+
+// Mini-XML keeps comments ("!--"), declarations ("!DOCTYPE"), processing
+// instructions ("?") and CDATA sections ("![CDATA[") as element nodes too.
+// Only real elements become element items; a CDATA section is text, and the
+// rest carries no content and is left out.
+NodeKind kind_of(mxml_node_t *node) {
+  switch (mxmlGetType(node)) {
+    case MXML_ELEMENT: {
+      const char *name = mxmlGetElement(node);
+      if (!name || !name[0]) return NodeKind::kSkipped;
+      if (mxmlGetCDATA(node)) return NodeKind::kText;
+      return name[0] == '!' || name[0] == '?' ? NodeKind::kSkipped : NodeKind::kElement;
+    }
+    case MXML_OPAQUE:
+    case MXML_TEXT:
+      return NodeKind::kText;
+    default:  // numbers and custom data are not produced for documents
+      return NodeKind::kSkipped;
+  }
+}
+
+void set_wide(item *it, const char *name, const char *utf8, ScratchText &scratch,
+              bool lead_blank = false) {
+  const bsr_wchar *wide = scratch.wide_from_utf8(utf8 ? utf8 : "", lead_blank);
+  if (wide) item_set_wstring(it, name, wide);
+}
+
+// "tag" first, then the attributes from the last to the first: the item's
+// list (newest first) then reads attribute 1, 2, ..., "tag".
+void set_element(item *it, mxml_node_t *element, ScratchText &scratch) {
+  set_wide(it, SSML_TAG_FEATURE, mxmlGetElement(element), scratch);
+  for (int k = mxmlElementGetAttrCount(element) - 1; k >= 0; --k) {
+    const char *name = nullptr;
+    const char *value = mxmlElementGetAttrByIndex(element, k, &name);
+    // An attribute called "tag" would rename the element; it cannot be
+    // held in the tree and is dropped.
+    if (!name || !name[0] || strcmp(name, SSML_TAG_FEATURE) == 0) continue;
+    set_wide(it, name, value, scratch);
+  }
+}
+
+void set_text(item *it, mxml_node_t *node, ScratchText &scratch) {
+  if (const char *cdata = mxmlGetCDATA(node)) {
+    set_wide(it, SSML_TEXT_FEATURE, cdata, scratch);
+  } else if (mxmlGetType(node) == MXML_OPAQUE) {
+    set_wide(it, SSML_TEXT_FEATURE, mxmlGetOpaque(node), scratch);
+  } else {
+    // A word of a tree loaded in text mode; its flag stands for the
+    // white space before it.
+    int blank = 0;
+    const char *word = mxmlGetText(node, &blank);
+    set_wide(it, SSML_TEXT_FEATURE, word, scratch, blank != 0);
+  }
+}
+
+mxml_node_t *find_root_element(mxml_node_t *tree) {
+  if (mxmlGetType(tree) == MXML_ELEMENT) {
+    const char *name = mxmlGetElement(tree);
+    if (name && strcmp(name, SSML_ROOT_ELEMENT) == 0) return tree;
+  }
+  return mxmlFindElement(tree, tree, SSML_ROOT_ELEMENT, nullptr, nullptr, MXML_DESCEND);
+}
+
+// Mirrors the content of `speak` under `root`. Siblings are converted in a
+// loop and nesting by moving the cursor down and back up, so neither long
+// sibling lists nor deep nesting use any stack. Climbing asks the last item
+// of a finished list for its parent, which walks that list once: linear in
+// all.
+void convert_content(item *root, mxml_node_t *speak, ScratchText &scratch) {
+  mxml_node_t *owner = speak;  // the element whose children are converted
+  mxml_node_t *node = mxmlGetFirstChild(speak);
+  item *parent = root;   // owner's item; only needed while `last` is null
+  item *last = nullptr;  // the last item made among owner's children
+  for (;;) {
+    if (!node) {
+      if (owner == speak) return;
+      last = last ? item_parent(last) : parent;
+      parent = nullptr;
+      node = mxmlGetNextSibling(owner);
+      owner = mxmlGetParent(owner);
+      continue;
+    }
+    NodeKind kind = kind_of(node);
+    if (kind == NodeKind::kSkipped) {
+      node = mxmlGetNextSibling(node);
+      continue;
+    }
+    item *made = last ? item_append(last, nullptr) : item_add_daughter(parent, nullptr);
+    if (!made) return;  // out of memory: keep what was built
+    last = made;
+    if (kind == NodeKind::kText) {
+      set_text(made, node, scratch);
+    } else {
+      set_element(made, node, scratch);
+      if (mxml_node_t *first = mxmlGetFirstChild(node)) {
+        owner = node;
+        parent = made;
+        last = nullptr;
+        node = first;
+        continue;
+      }
+    }
+    node = mxmlGetNextSibling(node);
+  }
+}
+
+void build_tree(utterance *u, mxml_node_t *speak) {
+  relation *rel = utt_relation_create(u, SSML_RELATION);
+  item *root = relation_append(rel, nullptr);
+  if (!root) return;
+  ScratchText scratch;
+  set_element(root, speak, scratch);
+  convert_content(root, speak, scratch);
+}
+
+// Parse errors are reported through the result alone. This Mini-XML copy is
+// private to the library, so silencing its messages affects nobody else.
+void quiet_parse_errors(const char *) {}
+
+}  // namespace
+
+extern "C" {
+
+UTILS_API int utt_load_ssml(utterance *u, const char *ssml) {
+  if (!u || !ssml) return 0;
+  mxmlSetErrorCallback(quiet_parse_errors);
+  mxml_node_t *tree = mxmlLoadString(nullptr, ssml, MXML_OPAQUE_CALLBACK);
+  if (!tree) return 0;
+  mxml_node_t *speak = find_root_element(tree);
+  if (speak) build_tree(u, speak);
+  // The tree is ours alone (one reference): delete it directly.
+  mxmlDelete(tree);
+  return speak ? 1 : 0;
+}
+
+UTILS_API void utt_load_xml(utterance *u, mxml_node_t *tree) {
+  if (!u || !tree) return;
+  if (mxml_node_t *speak = find_root_element(tree)) build_tree(u, speak);
+}
+
+}  // extern "C"
