@@ -1,0 +1,62 @@
+# The libUtils target: every source under src/, hidden visibility, and a
+# linker version script that exports exactly the names in src/exports/.
+
+# Our own code is held to warnings-as-errors; third-party headers are system headers.
+set(UTILS_WARNINGS -Wall -Wextra -Werror -Wno-unused-parameter)
+
+file(GLOB_RECURSE UTILS_SOURCES CONFIGURE_DEPENDS
+     ${CMAKE_SOURCE_DIR}/src/*.cpp ${CMAKE_SOURCE_DIR}/src/*.c)
+file(GLOB UTILS_EXPORT_LISTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/exports/*.txt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${UTILS_EXPORT_LISTS})
+
+# One list of exported names, built from the per-family files.
+set(UTILS_EXPORTS "")
+foreach(list_file IN LISTS UTILS_EXPORT_LISTS)
+  file(STRINGS ${list_file} names REGEX "^[A-Za-z_][A-Za-z0-9_]*$")
+  list(APPEND UTILS_EXPORTS ${names})
+endforeach()
+list(REMOVE_DUPLICATES UTILS_EXPORTS)
+list(SORT UTILS_EXPORTS)
+string(JOIN "\n" UTILS_EXPORTS_TEXT ${UTILS_EXPORTS})
+file(WRITE ${CMAKE_BINARY_DIR}/exports.txt "${UTILS_EXPORTS_TEXT}\n")
+
+# Everything not listed, including the archive's other symbols and the C++
+# runtime's template instances, stays local.
+string(JOIN ";\n    " UTILS_EXPORTS_MAP ${UTILS_EXPORTS})
+file(WRITE ${CMAKE_BINARY_DIR}/libUtils.map
+     "{\n  global:\n    ${UTILS_EXPORTS_MAP};\n  local: *;\n};\n")
+
+# The sources are compiled once and packed twice: as libUtils.so, and as a
+# static archive for the tests of internal pieces and the fuzz harnesses.
+add_library(UtilsObjects OBJECT ${UTILS_SOURCES})
+target_include_directories(UtilsObjects
+  PUBLIC  ${CMAKE_SOURCE_DIR}/include
+  PRIVATE ${CMAKE_SOURCE_DIR}/src ${RE2_INCLUDE_DIR} ${MXML_INCLUDE_DIR})
+target_compile_options(UtilsObjects PRIVATE ${UTILS_WARNINGS})
+target_compile_definitions(UtilsObjects PRIVATE UTILS_BUILDING)
+set_target_properties(UtilsObjects PROPERTIES
+  POSITION_INDEPENDENT_CODE ON
+  C_VISIBILITY_PRESET hidden
+  CXX_VISIBILITY_PRESET hidden
+  VISIBILITY_INLINES_HIDDEN ON)
+
+# Build fragments of a subsystem (generated tables and the like) live beside
+# its sources as *.cmake files and may add sources to UtilsObjects.
+file(GLOB_RECURSE UTILS_FRAGMENTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cmake)
+foreach(fragment IN LISTS UTILS_FRAGMENTS)
+  include(${fragment})
+endforeach()
+
+add_library(Utils SHARED $<TARGET_OBJECTS:UtilsObjects>)
+target_include_directories(Utils PUBLIC ${CMAKE_SOURCE_DIR}/include)
+set_target_properties(Utils PROPERTIES LINK_DEPENDS ${CMAKE_BINARY_DIR}/libUtils.map)
+target_link_options(Utils PRIVATE
+  -Wl,--version-script=${CMAKE_BINARY_DIR}/libUtils.map
+  -Wl,--no-undefined)
+target_link_libraries(Utils PRIVATE
+  -Wl,--whole-archive ${MXML_STATIC_LIBRARY} -Wl,--no-whole-archive
+  ${RE2_LIBRARY} Threads::Threads)
+
+add_library(UtilsStatic STATIC $<TARGET_OBJECTS:UtilsObjects>)
+target_include_directories(UtilsStatic PUBLIC ${CMAKE_SOURCE_DIR}/include ${CMAKE_SOURCE_DIR}/src)
+target_link_libraries(UtilsStatic PUBLIC ${MXML_STATIC_LIBRARY} ${RE2_LIBRARY} Threads::Threads)

@@ -1,0 +1,53 @@
+/* bsr_unicode.h - strict UTF-8 <-> UTF-16 conversion, byte widening, and the
+ * printable "&(0x..)" rendering of wide text. Nothing here allocates.
+ *
+ * Target sizes count units of the target (bytes for UTF-8, 16-bit units for
+ * UTF-16) and include the terminator: at most size-1 units of text are
+ * written, then a terminator. A size of at least 1 is required. A source
+ * length of (uint32_t)-1 means "zero-terminated, measure it". */
+#ifndef BSR_UNICODE_H
+#define BSR_UNICODE_H
+
+#include "utils_types.h"
+
+UTILS_BEGIN_DECLS
+
+/* Length value meaning "the source is zero-terminated". */
+#define BSR_ZERO_TERMINATED ((uint32_t)-1)
+
+/* Converts until the source ends, the target is full, or an ill-formed
+ * sequence (overlong form, surrogate code point, value above U+10FFFF, bad
+ * trailing byte, 5- or 6-byte form) is met. A sequence cut off by the end of
+ * a counted source is not converted, and a supplementary character is never
+ * split across a full target. dst is always terminated where conversion
+ * stopped; the text before the stop is kept. Returns dst. */
+UTILS_API bsr_wchar *bsr_UTF8ToUTF16(const char *src, uint32_t srclen, bsr_wchar *dst, uint32_t dstsize);
+
+/* The reverse, with the same rules: a lone or unpaired surrogate stops the
+ * conversion; a character is written whole or not at all. Returns dst. */
+UTILS_API char *bsr_UTF16ToUTF8(const bsr_wchar *src, uint32_t srclen, char *dst, uint32_t dstsize);
+
+/* Widens exactly n bytes, each sign-extended (0xE9 becomes 0xFFE9). Writes
+ * no terminator; zero bytes are copied like any other. No-op for null
+ * pointers or n <= 0. This does not decode UTF-8. */
+UTILS_API void bsr_Char2Word(const char *src, bsr_wchar *dst, int32_t n);
+
+/* Widens a zero-terminated byte string as bsr_Char2Word does, into at most
+ * dstsize-1 units, and terminates. A null src gives the empty string.
+ * Returns dst (null when dst is null). */
+UTILS_API bsr_wchar *bsr_Char2Unicode(const char *src, bsr_wchar *dst, uint32_t dstsize);
+
+/* Copies exactly n units, no terminator. No-op for null pointers or n < 1. */
+UTILS_API void bsr_Unicode2Word(const bsr_wchar *src, bsr_wchar *dst, int32_t n);
+
+/* Renders wide text as printable ASCII: units 32..126 as themselves, every
+ * other unit (surrogate halves one by one) as "&(0x<hex>)" with lower-case
+ * digits and no leading zeros, e.g. U+4E2D as "&(0x4e2d)" and a line feed as
+ * "&(0xa)". This is not an XML character reference. Stops before the unit
+ * that would not fit whole; dst is always terminated. Returns dst, or a
+ * static empty string when dst is null. */
+UTILS_API const char *bsr_UnicodeToNCR(const bsr_wchar *src, char *dst, int32_t dstsize);
+
+UTILS_END_DECLS
+
+#endif /* BSR_UNICODE_H */

@@ -1,0 +1,148 @@
+// Position-valued comparisons: the shared convention, the folded and bounded
+// forms, and the block scanner checked against a plain loop at page edges.
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <random>
+#include <string>
+
+#include "bsr_string.h"
+
+namespace {
+
+TEST(StringCompare, PositionOfFirstDifference) {
+  EXPECT_EQ(bsr_strcmp("abc", "abd"), -3);
+  EXPECT_EQ(bsr_strcmp("abd", "abc"), 3);
+  EXPECT_EQ(bsr_strcmp("ab", "abc"), -3);
+  EXPECT_EQ(bsr_strcmp("abc", "ab"), 3);
+  EXPECT_EQ(bsr_strcmp("abc", "abc"), 0);
+  EXPECT_EQ(bsr_strcmp("", ""), 0);
+  EXPECT_EQ(bsr_wcscmp(u"abc", u"abd"), -3);
+  EXPECT_EQ(bsr_wcscmp(u"ab", u"abc"), -3);
+}
+
+TEST(StringCompare, NullsSortFirstAndSamePointerIsEqual) {
+  EXPECT_EQ(bsr_strcmp(nullptr, nullptr), 0);
+  EXPECT_EQ(bsr_strcmp(nullptr, ""), -1);
+  EXPECT_EQ(bsr_strcmp("", nullptr), 1);
+  EXPECT_EQ(bsr_wcscmp(nullptr, u"x"), -1);
+  EXPECT_EQ(bsr_strncmp(nullptr, "x", 3), -1);
+  EXPECT_EQ(bsr_stricmp("x", nullptr), 1);
+  EXPECT_EQ(bsr_wcsnicmp(nullptr, nullptr, 4), 0);
+  const char *s = "same";
+  EXPECT_EQ(bsr_strcmp(s, s), 0);
+}
+
+TEST(StringCompare, UnitsCompareUnsigned) {
+  EXPECT_EQ(bsr_strcmp("a\xE9", "a\x41"), 2);  // 0xE9 > 0x41 although negative as char
+  EXPECT_EQ(bsr_strcmp("\x7F", "\x80"), -1);
+  const bsr_wchar hi[] = {0xFFFF, 0}, lo[] = {0x0041, 0};
+  EXPECT_EQ(bsr_wcscmp(hi, lo), 1);
+}
+
+TEST(StringCompare, BoundedForms) {
+  EXPECT_EQ(bsr_strncmp("abcx", "abcy", 3), 0);
+  EXPECT_EQ(bsr_strncmp("abcx", "abcy", 4), -4);
+  EXPECT_EQ(bsr_strncmp("abc", "xyz", 0), 0);
+  EXPECT_EQ(bsr_strncmp("abc", "xyz", -7), 0);
+  EXPECT_EQ(bsr_strncmp("ab", "ab", 10), 0);
+  EXPECT_EQ(bsr_wcsncmp(u"abcx", u"abcy", 4), -4);
+}
+
+TEST(StringCompare, FoldedForms) {
+  EXPECT_EQ(bsr_stricmp("HeLLo", "hello"), 0);
+  EXPECT_EQ(bsr_stricmp("abc", "ABD"), -3);
+  EXPECT_EQ(bsr_stricmp("[", "a"), -1);  // '[' (0x5B) < 'a' after folding, not 'A'
+  EXPECT_EQ(bsr_stricmp("\xC9", "\xE9"), -1);  // no folding outside ASCII
+  EXPECT_EQ(bsr_wcsicmp(u"ÉA", u"éa"), -1);
+  EXPECT_EQ(bsr_wcsnicmp(u"HELLOx", u"helloy", 5), 0);
+}
+
+TEST(StringCompare, NarrowBoundedFoldedIsAlwaysNegative) {
+  EXPECT_EQ(bsr_strnicmp("b", "A", 1), -1);
+  EXPECT_EQ(bsr_wcsnicmp(u"b", u"A", 1), 1);
+  EXPECT_EQ(bsr_strnicmp("xyZ", "XYa", 3), -3);
+  EXPECT_EQ(bsr_strnicmp("ABC", "abc", 3), 0);
+}
+
+// Reference result of the shared convention, one unit at a time.
+template <typename Unit>
+int32_t reference_compare(const Unit *a, const Unit *b) {
+  for (size_t i = 0;; ++i) {
+    uint32_t x = static_cast<std::make_unsigned_t<Unit>>(a[i]);
+    uint32_t y = static_cast<std::make_unsigned_t<Unit>>(b[i]);
+    if (x != y) return x > y ? static_cast<int32_t>(i + 1) : -static_cast<int32_t>(i + 1);
+    if (x == 0) return 0;
+  }
+}
+
+// Two pages followed by an inaccessible one: a string placed to end at the
+// guard page faults if the scanner reads one byte too far.
+class GuardedPages {
+ public:
+  GuardedPages() {
+    page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    base_ = static_cast<char *>(mmap(nullptr, 3 * page_, PROT_READ | PROT_WRITE,
+                                     MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    mprotect(base_ + 2 * page_, page_, PROT_NONE);
+  }
+  ~GuardedPages() { munmap(base_, 3 * page_); }
+  char *end() const { return base_ + 2 * page_; }
+
+ private:
+  size_t page_;
+  char *base_;
+};
+
+TEST(StringCompare, ScannerAgreesWithReferenceNearPageEnds) {
+  GuardedPages pa, pb;
+  std::mt19937 rng(7);
+  for (int round = 0; round < 20000; ++round) {
+    size_t len = rng() % 300;
+    std::string s(len, 'x');
+    for (auto &c : s) c = static_cast<char>('a' + rng() % 3);
+    std::string t = s;
+    if (len > 0 && rng() % 2) t[rng() % len] = static_cast<char>(rng() % 256);
+    if (rng() % 4 == 0) t.resize(rng() % (len + 1));
+    // Either string ends exactly at its guard page, or sits a little before it.
+    char *a = pa.end() - (s.size() + 1) - (rng() % 2 ? 0 : rng() % 64);
+    char *b = pb.end() - (t.size() + 1) - (rng() % 2 ? 0 : rng() % 64);
+    memcpy(a, s.c_str(), s.size() + 1);
+    memcpy(b, t.c_str(), t.size() + 1);
+    ASSERT_EQ(bsr_strcmp(a, b), reference_compare(a, b)) << "round " << round;
+  }
+}
+
+TEST(StringCompare, WideScannerAgreesWithReferenceNearPageEnds) {
+  GuardedPages pa, pb;
+  std::mt19937 rng(11);
+  for (int round = 0; round < 20000; ++round) {
+    size_t len = rng() % 200;
+    std::u16string s(len, u'x');
+    for (auto &c : s) c = static_cast<char16_t>(u'a' + rng() % 3);
+    std::u16string t = s;
+    if (len > 0 && rng() % 2) t[rng() % len] = static_cast<char16_t>(rng() % 65536);
+    if (rng() % 4 == 0) t.resize(rng() % (len + 1));
+    auto place = [&](GuardedPages &p, const std::u16string &v) {
+      size_t back = (v.size() + 1) * 2 + (rng() % 2 ? 0 : 2 * (rng() % 32));
+      auto *at = reinterpret_cast<bsr_wchar *>(p.end() - back);
+      memcpy(at, v.c_str(), (v.size() + 1) * 2);
+      return at;
+    };
+    bsr_wchar *a = place(pa, s), *b = place(pb, t);
+    ASSERT_EQ(bsr_wcscmp(a, b), reference_compare(a, b)) << "round " << round;
+  }
+}
+
+TEST(StringCompare, LongEqualPrefixes) {
+  std::string a(100000, 'q'), b = a;
+  EXPECT_EQ(bsr_strcmp(a.c_str(), b.c_str()), 0);
+  b[77777] = 'r';
+  EXPECT_EQ(bsr_strcmp(a.c_str(), b.c_str()), -77778);
+  std::u16string w(50000, u'\u4e2d'), v = w;
+  v[49999] = u'\u4e2c';
+  EXPECT_EQ(bsr_wcscmp(w.c_str(), v.c_str()), 50000);
+}
+
+}  // namespace
