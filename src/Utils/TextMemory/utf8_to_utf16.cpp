@@ -1,0 +1,116 @@
+// Strict UTF-8 to UTF-16 conversion into a caller's buffer: converts whole,
+// well-formed characters up to the first one that is bad, cut off or too big.
+#include "bsr_string.h"
+#include "bsr_unicode.h"
+
+#include "Utils/TextMemory/ascii_run.h"
+#include "Utils/TextMemory/utf8_sequence.h"
+
+namespace {
+
+using bsr::kIllFormed;
+using Byte = unsigned char;
+
+// Room in the fast part: a whole ASCII block, or any one character (at most
+// four bytes in, two units out), fits without a bounds check.
+constexpr ptrdiff_t kFastRoom = static_cast<ptrdiff_t>(bsr::kAsciiBlock);
+
+inline bool fast_room(const Byte *s, const Byte *end, const bsr_wchar *d,
+                      const bsr_wchar *dend) {
+  return end - s >= kFastRoom && dend - d >= kFastRoom;
+}
+
+// Every stop looks the same to the caller (the text before it is kept), so
+// an ill-formed, cut-off or oversized character ends the conversion alike.
+// Returns the position where the converted text ends.
+bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d,
+                        bsr_wchar *dend) {
+  while (s < end) {
+    const unsigned c = s[0];
+    if (c < 0x80) {
+      if (d == dend) break;
+      *d++ = static_cast<bsr_wchar>(c);
+      ++s;
+      continue;
+    }
+    const unsigned len = bsr::utf8_sequence_length(c);
+    if (len == 0 || static_cast<ptrdiff_t>(len) > end - s) break;
+    uint32_t v;
+    if (len == 2)
+      v = bsr::utf8_decode2(c, s[1]);
+    else if (len == 3)
+      v = bsr::utf8_decode3(c, s[1], s[2]);
+    else
+      v = bsr::utf8_decode4(c, s[1], s[2], s[3]);
+    if (v == kIllFormed) break;
+    if (v <= 0xFFFF) {
+      if (d == dend) break;
+      *d++ = static_cast<bsr_wchar>(v);
+    } else {
+      if (dend - d < 2) break;  // never half a pair
+      d[0] = bsr::high_surrogate_of(v);
+      d[1] = bsr::low_surrogate_of(v);
+      d += 2;
+    }
+    s += len;
+  }
+  return d;
+}
+
+// The bulk of the text: ASCII in blocks, and each multi-byte length in a
+// loop of its own while the same length repeats (as in Chinese or Greek
+// text). Leaves the last few bytes or units to convert_tail.
+bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d,
+                   bsr_wchar *dend) {
+  while (fast_room(s, end, d, dend)) {
+    const unsigned c = s[0];
+    if (c < 0x80) {
+      const size_t n = bsr::widen_ascii_run(s, d);
+      s += n;
+      d += n;
+    } else if (c < 0xE0) {
+      do {
+        const uint32_t v = s[0] < 0xC2 ? kIllFormed : bsr::utf8_decode2(s[0], s[1]);
+        if (v == kIllFormed) return d;
+        *d++ = static_cast<bsr_wchar>(v);
+        s += 2;
+      } while (fast_room(s, end, d, dend) && (s[0] & 0xE0) == 0xC0);
+    } else if (c < 0xF0) {
+      do {
+        const uint32_t v = bsr::utf8_decode3(s[0], s[1], s[2]);
+        if (v == kIllFormed) return d;
+        *d++ = static_cast<bsr_wchar>(v);
+        s += 3;
+      } while (fast_room(s, end, d, dend) && (s[0] & 0xF0) == 0xE0);
+    } else {
+      do {
+        const uint32_t v = s[0] > 0xF4 ? kIllFormed
+                                       : bsr::utf8_decode4(s[0], s[1], s[2], s[3]);
+        if (v == kIllFormed) return d;
+        d[0] = bsr::high_surrogate_of(v);
+        d[1] = bsr::low_surrogate_of(v);
+        d += 2;
+        s += 4;
+      } while (fast_room(s, end, d, dend) && (s[0] & 0xF8) == 0xF0);
+    }
+  }
+  return convert_tail(s, end, d, dend);
+}
+
+}  // namespace
+
+extern "C" {
+
+// A target size of 0 cannot hold even the terminator: nothing is written.
+UTILS_API bsr_wchar *bsr_UTF8ToUTF16(const char *src, uint32_t srclen, bsr_wchar *dst,
+                                     uint32_t dstsize) {
+  if (dst == nullptr || dstsize == 0) return dst;
+  if (srclen == BSR_ZERO_TERMINATED) srclen = bsr_strlen(src);
+  if (src == nullptr) srclen = 0;
+  const Byte *s = reinterpret_cast<const Byte *>(src);
+  bsr_wchar *end = convert(s, s + srclen, dst, dst + (dstsize - 1));
+  *end = 0;
+  return dst;
+}
+
+}  // extern "C"
