@@ -1,0 +1,75 @@
+// Generation of replacement nodes from rewrite templates: elements, text
+// built from literals and submatches, and text copied from one submatch.
+#include "NLP/NLP_TextNorm/node_template.h"
+
+namespace textnorm {
+
+namespace {
+
+// A new parentless text node holding a copy of `text` (null when memory is
+// exhausted).
+mxml_node_t *newText(const std::string &text) {
+  return mxmlNewOpaque(MXML_NO_PARENT, text.c_str());
+}
+
+}  // namespace
+
+void LiteralPiece::generate(Submatches, std::string &out) const { out += literal_; }
+
+void GroupPiece::generate(Submatches groups, std::string &out) const {
+  const re2::StringPiece &g = groups[group_];
+  if (g.data() != nullptr) out.append(g.data(), g.size());
+}
+
+ElementTemplate::~ElementTemplate() {
+  for (NodeTemplate *child : children_) delete child;
+}
+
+void ElementTemplate::addChild(NodeTemplate *child) {
+  if (child != nullptr) children_.push_back(child);
+}
+
+mxml_node_t *ElementTemplate::generate(Submatches groups) const {
+  mxml_node_t *element = mxmlNewElement(MXML_NO_PARENT, name_.c_str());
+  if (element == nullptr) return nullptr;
+  for (const NodeTemplate *child : children_) {
+    mxml_node_t *node = child->generate(groups);
+    if (node != nullptr) mxmlAdd(element, MXML_ADD_AFTER, MXML_ADD_TO_PARENT, node);
+  }
+  return element;
+}
+
+TextTemplate::~TextTemplate() {
+  for (TextPiece *piece : pieces_) delete piece;
+}
+
+bool TextTemplate::appendLiteral(char c) {
+  if (openLiteral_ == nullptr) {
+    openLiteral_ = new LiteralPiece(std::string());
+    if (openLiteral_ == nullptr) return false;
+    pieces_.push_back(openLiteral_);
+  }
+  openLiteral_->append(c);
+  return true;
+}
+
+bool TextTemplate::appendGroup(int group) {
+  TextPiece *piece = new GroupPiece(group);
+  if (piece == nullptr) return false;
+  pieces_.push_back(piece);
+  openLiteral_ = nullptr;
+  return true;
+}
+
+mxml_node_t *TextTemplate::generate(Submatches groups) const {
+  std::string text;
+  for (const TextPiece *piece : pieces_) piece->generate(groups, text);
+  return newText(text);
+}
+
+mxml_node_t *GroupText::generate(Submatches groups) const {
+  const re2::StringPiece &g = groups[group_];
+  return newText(g.data() == nullptr ? std::string() : std::string(g.data(), g.size()));
+}
+
+}  // namespace textnorm

@@ -1,0 +1,27 @@
+// One rule of a replacer: a compiled pattern and the template of the element
+// that replaces each match.
+#ifndef NLP_TEXTNORM_REPLACE_RULE_H
+#define NLP_TEXTNORM_REPLACE_RULE_H
+
+#include <re2/re2.h>
+
+#include "NLP/NLP_TextNorm/local_object.h"
+#include "NLP/NLP_TextNorm/node_template.h"
+
+namespace textnorm {
+
+struct ReplaceRule : LocalObject {
+  // Compiles `pattern` (default options) and parses `rewrite` against its
+  // capture groups. Null when either fails or memory runs out.
+  static ReplaceRule *make(re2::StringPiece pattern, re2::StringPiece rewrite);
+  ~ReplaceRule();
+
+  re2::RE2 *pattern = nullptr;             // owned
+  ElementTemplate *rewrite = nullptr;      // owned
+  ReplaceRule *prev = nullptr;             // neighbours in the replacer's list
+  ReplaceRule *next = nullptr;
+};
+
+}  // namespace textnorm
+
+#endif

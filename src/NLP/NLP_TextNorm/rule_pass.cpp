@@ -1,0 +1,112 @@
+// Cutting matches out of text nodes. For each match only the stretch from the
+// first to the last non-empty capture group is replaced; text before it stays
+// as text, and text after it is searched again by the same rule.
+#include "NLP/NLP_TextNorm/rule_pass.h"
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace textnorm {
+
+namespace {
+
+// The stretch of one match that its element replaces.
+struct Cut {
+  size_t start;  // first byte replaced
+  size_t end;    // one past the last byte replaced; the search resumes here
+};
+
+Cut cutOf(const re2::StringPiece &text, const std::vector<re2::StringPiece> &groups) {
+  bool any = false;
+  size_t start = 0, end = 0;
+  for (size_t k = 1; k < groups.size(); ++k) {
+    const re2::StringPiece &g = groups[k];
+    if (g.data() == nullptr || g.empty()) continue;  // empty counts as unmatched
+    size_t from = static_cast<size_t>(g.data() - text.data());
+    size_t to = from + g.size();
+    if (!any || from < start) start = from;
+    if (!any || to > end) end = to;
+    any = true;
+  }
+  if (!any) {
+    size_t matchEnd = static_cast<size_t>(groups[0].data() - text.data()) + groups[0].size();
+    start = end = matchEnd;
+  }
+  return {start, end};
+}
+
+// Bytes in the UTF-8 character that starts at text[at] (1 for a stray byte).
+size_t charLength(const re2::StringPiece &text, size_t at) {
+  unsigned char lead = static_cast<unsigned char>(text[at]);
+  size_t n = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+  return at + n <= text.size() ? n : text.size() - at;
+}
+
+// Links a new text node holding text[from, to) before `anchor` and queues it.
+void insertText(mxml_node_t *anchor, const re2::StringPiece &text, size_t from, size_t to,
+                TextQueue &queue) {
+  std::string copy(text.data() + from, to - from);
+  mxml_node_t *node = mxmlNewOpaque(MXML_NO_PARENT, copy.c_str());
+  if (node == nullptr) return;
+  mxmlAdd(mxmlGetParent(anchor), MXML_ADD_BEFORE, anchor, node);
+  queue.push_back(node);
+}
+
+// Links the rule's element for one match before `anchor`, recording the
+// text it replaces in "src". Nothing is linked when the template made nothing.
+void insertElement(const ReplaceRule &rule, mxml_node_t *anchor, const re2::StringPiece &text,
+                   const Cut &cut, const std::vector<re2::StringPiece> &groups) {
+  mxml_node_t *made = rule.rewrite->generate(groups.data());
+  if (made == nullptr) return;
+  std::string src(text.data() + cut.start, cut.end - cut.start);
+  mxmlElementSetAttr(made, "src", src.c_str());
+  mxmlAdd(mxmlGetParent(anchor), MXML_ADD_BEFORE, anchor, made);
+}
+
+// Rewrites one text node; returns false (and changes nothing) when the rule
+// does not match it.
+bool rewriteNode(const ReplaceRule &rule, mxml_node_t *node, TextQueue &queue,
+                 std::vector<re2::StringPiece> &groups) {
+  const char *value = mxmlGetOpaque(node);
+  if (value == nullptr || mxmlGetParent(node) == nullptr) return false;
+  const re2::StringPiece text(value, std::strlen(value));
+  const int n = static_cast<int>(groups.size());
+  size_t kept = 0;    // start of the text not yet placed
+  size_t search = 0;  // where the next search begins
+  bool matched = false;
+  while (search <= text.size() &&
+         rule.pattern->Match(text, search, text.size(), re2::RE2::UNANCHORED, groups.data(), n)) {
+    matched = true;
+    Cut cut = cutOf(text, groups);
+    if (cut.start > kept) insertText(node, text, kept, cut.start, queue);
+    insertElement(rule, node, text, cut, groups);
+    kept = cut.end;
+    // An empty match with nothing captured does not move the resume point:
+    // step over one character so the search cannot stall.
+    if (cut.end == search) {
+      if (search == text.size()) break;
+      search += charLength(text, search);
+    } else {
+      search = cut.end;
+    }
+  }
+  if (!matched) return false;
+  if (kept < text.size()) insertText(node, text, kept, text.size(), queue);
+  mxmlDelete(node);
+  return true;
+}
+
+}  // namespace
+
+void applyRule(const ReplaceRule &rule, TextQueue &queue) {
+  // One submatch array per pass, shared by every node of the pass.
+  std::vector<re2::StringPiece> groups(rule.pattern->NumberOfCapturingGroups() + 1);
+  for (size_t left = queue.size(); left > 0; --left) {
+    mxml_node_t *node = queue.front();
+    queue.pop_front();
+    if (!rewriteNode(rule, node, queue, groups)) queue.push_back(node);
+  }
+}
+
+}  // namespace textnorm

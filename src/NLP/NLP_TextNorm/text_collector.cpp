@@ -1,0 +1,56 @@
+// The walk that gathers rewritable text nodes. Its two fixed patterns are
+// compiled on first use; C++ makes that first use thread-safe.
+#include "NLP/NLP_TextNorm/text_collector.h"
+
+#include <re2/re2.h>
+
+namespace textnorm {
+
+namespace {
+
+const re2::RE2 &protectedNamePattern() {
+  static const re2::RE2 pattern("sub|say-as");
+  return pattern;
+}
+
+const re2::RE2 &blankPattern() {
+  static const re2::RE2 pattern("\\s*");
+  return pattern;
+}
+
+bool fullMatch(const re2::RE2 &pattern, const char *text) {
+  re2::StringPiece piece(text);
+  return pattern.Match(piece, 0, piece.size(), re2::RE2::ANCHOR_BOTH, nullptr, 0);
+}
+
+}  // namespace
+
+bool isProtectedElement(const char *name) {
+  if (name == nullptr) return false;
+  return name[0] == 'x' || fullMatch(protectedNamePattern(), name);
+}
+
+bool isBlankText(const char *text) {
+  return text == nullptr || fullMatch(blankPattern(), text);
+}
+
+void collectText(mxml_node_t *top, TextQueue &queue) {
+  if (top == nullptr) return;
+  mxml_node_t *node = mxmlGetFirstChild(top);
+  while (node != nullptr) {
+    int descend = MXML_NO_DESCEND;
+    switch (mxmlGetType(node)) {
+      case MXML_ELEMENT:
+        if (!isProtectedElement(mxmlGetElement(node))) descend = MXML_DESCEND;
+        break;
+      case MXML_OPAQUE:
+        if (!isBlankText(mxmlGetOpaque(node))) queue.push_back(node);
+        break;
+      default:
+        break;
+    }
+    node = mxmlWalkNext(node, top, descend);
+  }
+}
+
+}  // namespace textnorm
