@@ -97,20 +97,26 @@ __attribute__((target("avx2"))) NO_ADDRESS_CHECK inline __m256i load(const uint8
   return _mm256_loadu_si256(reinterpret_cast<const __m256i *>(p));
 }
 
-// Mask with one bit per byte set where the byte belongs to a bad unit.
+// Per unit: zero where the unit is bad (differs, or is the terminator),
+// non-zero elsewhere, so several blocks combine with one unsigned min.
 template <typename Unit>
-__attribute__((target("avx2"))) inline uint32_t block_flags(__m256i x, __m256i y) {
+__attribute__((target("avx2"))) inline __m256i goodness(__m256i x, __m256i y) {
+  if (sizeof(Unit) == 1) return _mm256_min_epu8(x, _mm256_cmpeq_epi8(x, y));
+  return _mm256_min_epu16(x, _mm256_cmpeq_epi16(x, y));
+}
+
+// One bit per byte, set on the bytes of bad units.
+template <typename Unit>
+__attribute__((target("avx2"))) inline uint32_t bad_bytes(__m256i good) {
   const __m256i zero = _mm256_setzero_si256();
-  __m256i eq, nul;
-  if (sizeof(Unit) == 1) {
-    eq = _mm256_cmpeq_epi8(x, y);
-    nul = _mm256_cmpeq_epi8(x, zero);
-  } else {
-    eq = _mm256_cmpeq_epi16(x, y);
-    nul = _mm256_cmpeq_epi16(x, zero);
-  }
-  return ~static_cast<uint32_t>(_mm256_movemask_epi8(eq)) |
-         static_cast<uint32_t>(_mm256_movemask_epi8(nul));
+  __m256i bad = sizeof(Unit) == 1 ? _mm256_cmpeq_epi8(good, zero) : _mm256_cmpeq_epi16(good, zero);
+  return static_cast<uint32_t>(_mm256_movemask_epi8(bad));
+}
+
+template <typename Unit>
+__attribute__((target("avx2"))) NO_ADDRESS_CHECK inline uint32_t block_flags(const uint8_t *a,
+                                                                             const uint8_t *b) {
+  return bad_bytes<Unit>(goodness<Unit>(load(a), load(b)));
 }
 
 template <typename Unit>
@@ -118,37 +124,41 @@ __attribute__((target("avx2"))) NO_ADDRESS_CHECK size_t avx2_scan(const Unit *a,
   constexpr size_t W = 32;
   const auto *pa = reinterpret_cast<const uint8_t *>(a);
   const auto *pb = reinterpret_cast<const uint8_t *>(b);
-  size_t i = 0;
+  size_t i = 0;  // in bytes
   for (;;) {
     size_t room = safe_room(pa + i, pb + i);
-    if (room >= 4 * W) {
-      // Four blocks per step on long equal runs; locate only on a hit.
-      uint32_t f0 = block_flags<Unit>(load(pa + i), load(pb + i));
-      uint32_t f1 = block_flags<Unit>(load(pa + i + W), load(pb + i + W));
-      uint32_t f2 = block_flags<Unit>(load(pa + i + 2 * W), load(pb + i + 2 * W));
-      uint32_t f3 = block_flags<Unit>(load(pa + i + 3 * W), load(pb + i + 3 * W));
-      if ((f0 | f1 | f2 | f3) == 0) {
-        i += 4 * W;
-        continue;
+    if (room >= W) {
+      // One block first: most strings end inside it.
+      if (uint32_t f = block_flags<Unit>(pa + i, pb + i)) return (i + __builtin_ctz(f)) / sizeof(Unit);
+      // Then step to a 32-byte boundary of `a`, so that its loads never
+      // straddle cache lines (the step keeps wide units whole).
+      size_t step = W - (reinterpret_cast<uintptr_t>(pa + i) & (W - 1));
+      i += step;
+      room -= step;
+      // Long equal runs: four blocks per step, located only on a hit.
+      for (; room >= 4 * W; i += 4 * W, room -= 4 * W) {
+        __m256i g = _mm256_setzero_si256();
+        g = goodness<Unit>(load(pa + i), load(pb + i));
+        g = sizeof(Unit) == 1 ? _mm256_min_epu8(g, goodness<Unit>(load(pa + i + W), load(pb + i + W)))
+                              : _mm256_min_epu16(g, goodness<Unit>(load(pa + i + W), load(pb + i + W)));
+        __m256i h = goodness<Unit>(load(pa + i + 2 * W), load(pb + i + 2 * W));
+        h = sizeof(Unit) == 1 ? _mm256_min_epu8(h, goodness<Unit>(load(pa + i + 3 * W), load(pb + i + 3 * W)))
+                              : _mm256_min_epu16(h, goodness<Unit>(load(pa + i + 3 * W), load(pb + i + 3 * W)));
+        g = sizeof(Unit) == 1 ? _mm256_min_epu8(g, h) : _mm256_min_epu16(g, h);
+        if (bad_bytes<Unit>(g) != 0) break;
       }
-      uint64_t lo = f0 | static_cast<uint64_t>(f1) << 32;
-      uint64_t hi = f2 | static_cast<uint64_t>(f3) << 32;
-      size_t at = lo ? i + __builtin_ctzll(lo) : i + 2 * W + __builtin_ctzll(hi);
-      return at / sizeof(Unit);
+      for (; room >= W; i += W, room -= W)
+        if (uint32_t f = block_flags<Unit>(pa + i, pb + i)) return (i + __builtin_ctz(f)) / sizeof(Unit);
+      if (room == 0) continue;
     }
-    size_t at = i;
-    if (room < W) {
-      if (i + room < W) {
-        size_t hit = scalar_scan(a, b, i / sizeof(Unit), room / sizeof(Unit));
-        if (hit != SIZE_MAX) return hit;
-        i += room;
-        continue;
-      }
-      at = i + room - W;  // a block ending at the page boundary
+    if (i + room < W) {  // only at the very start: too little behind us for a window
+      size_t hit = scalar_scan(a, b, i / sizeof(Unit), room / sizeof(Unit));
+      if (hit != SIZE_MAX) return hit;
+    } else {
+      size_t at = i + room - W;  // a block ending at the page boundary
+      if (uint32_t f = block_flags<Unit>(pa + at, pb + at)) return (at + __builtin_ctz(f)) / sizeof(Unit);
     }
-    if (uint32_t f = block_flags<Unit>(load(pa + at), load(pb + at)))
-      return (at + __builtin_ctz(f)) / sizeof(Unit);
-    i = room < W ? i + room : i + W;
+    i += room;
   }
 }
 
