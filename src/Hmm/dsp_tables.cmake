@@ -1,0 +1,14 @@
+# The DSP lookup tables are computed at build time by a small host program
+# (make_dsp_tables) and compiled into the library as constant data.
+add_executable(make_dsp_tables ${CMAKE_CURRENT_LIST_DIR}/make_dsp_tables.cc)
+target_compile_options(make_dsp_tables PRIVATE ${UTILS_WARNINGS})
+
+set(UTILS_DSP_TABLE_DATA ${CMAKE_BINARY_DIR}/generated/Hmm/dsp_table_data.cpp)
+add_custom_command(
+  OUTPUT ${UTILS_DSP_TABLE_DATA}
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/generated/Hmm
+  COMMAND make_dsp_tables ${UTILS_DSP_TABLE_DATA}
+  DEPENDS make_dsp_tables
+  COMMENT "Generating the DSP lookup tables"
+  VERBATIM)
+target_sources(UtilsObjects PRIVATE ${UTILS_DSP_TABLE_DATA})

@@ -1,0 +1,19 @@
+// The exported DSP lookup accessors: one load each from the constant tables
+// that the build generates (see make_dsp_tables.cc).
+#include "dsp_tables.h"
+
+#include "Hmm/dsp_table_data.h"
+
+extern "C" {
+
+UTILS_API int LookupCosTable(unsigned int index) { return utils_dsp::kCosTable[index]; }
+
+UTILS_API int LookupExpTableIn(unsigned int index) { return utils_dsp::kExpIntTable[index]; }
+
+UTILS_API int LookupExpTableShift(unsigned int index) { return utils_dsp::kExpShiftTable[index]; }
+
+UTILS_API int LookupExpTableFr(unsigned int index) { return utils_dsp::kExpFracTable[index]; }
+
+UTILS_API int LookupRandPhase(unsigned int index) { return utils_dsp::kRandPhaseTable[index]; }
+
+}  // extern "C"

@@ -1,0 +1,54 @@
+// The windows of a stream turned into a list of the non-zero products that
+// build one row of W'U^-1 W, so the per-frame loop does no window search.
+#ifndef UTILS_HMM_MLPG_PLAN_H
+#define UTILS_HMM_MLPG_PLAN_H
+
+#include "hts_pstream.h"
+
+namespace utils_mlpg {
+
+// One (window, shift s) pair whose centre coefficient c(-s) is non-zero:
+// frame t takes statistics from frame t + s. Its band terms are the j with
+// j - s inside the window and c(j - s) != 0, in increasing j.
+struct Shift {
+  int entry;        // index into a frame's mean/ivar row: w * vector_length + m
+  int s;            // frame offset
+  float centre;     // c(-s)
+  int first_term;   // first of this shift's band terms
+  int end_term;     // one past its last
+};
+
+struct BandTerm {
+  int j;            // band column, 0 <= j < width
+  float c;          // c(j - s)
+};
+
+// Fixed room, enough for any usual window set (three windows of half-width
+// up to 4 need at most 27 shifts and 243 terms). Larger sets are generated
+// by the plain loop instead.
+constexpr int kMaxShifts = 48;
+constexpr int kMaxTerms = 512;
+
+struct Plan {
+  Shift shifts[kMaxShifts];
+  BandTerm terms[kMaxTerms];
+  int num_shifts;
+  int min_s;        // smallest frame offset of any shift (0 when none)
+  int max_reach;    // largest frame offset read or written: max(s, j)
+};
+
+// Fills the plan for dimension m in the order the row sums are accumulated
+// (window by window, shift from left to right, j increasing). Returns false
+// when the windows need more room than the plan has.
+bool make_plan(const PStream *ps, int m, Plan *plan);
+
+// Coefficient of window w at offset k; 0 outside the window.
+inline float window_coefficient(const PStream *ps, int w, int k) {
+  int left = ps->win_l_width[w];
+  if (k < left || k > ps->win_r_width[w]) return 0.0f;
+  return ps->win_coefficient[w][k - left];
+}
+
+}  // namespace utils_mlpg
+
+#endif  // UTILS_HMM_MLPG_PLAN_H
