@@ -1,0 +1,52 @@
+// Item contents: one record per object, shared by its items in every
+// relation, alive while some relation holds an item of it.
+#include "Utils/Model/item_contents.h"
+
+#include "Utils/TextMemory/private_heap.h"
+
+namespace {
+
+item_contents *new_contents(bsr_heap *heap) {
+  auto *c = static_cast<item_contents *>(bsr_alloc_on(heap, sizeof(item_contents)));
+  if (c == nullptr) return nullptr;
+  c->features = new_features_local(heap);
+  c->relations = new_features_local(heap);
+  if (c->features == nullptr || c->relations == nullptr) {
+    delete_features(c->features);
+    delete_features(c->relations);
+    bsr_free_on(heap, c);
+    return nullptr;
+  }
+  return c;
+}
+
+void free_contents(bsr_heap *heap, item_contents *c) {
+  delete_features(c->relations);
+  delete_features(c->features);
+  bsr_free_on(heap, c);
+}
+
+}  // namespace
+
+bool attach_contents(item *i, const item *shared) {
+  item_contents *c = shared != nullptr ? shared->contents : nullptr;
+  if (c == nullptr) c = new_contents(relation_heap(i->relation));
+  if (c == nullptr) return false;
+  if (i->contents == c) return true;
+  detach_contents(i);
+  i->contents = c;
+  // An entry already naming an item of this relation is replaced: the entry
+  // names the newest item attached.
+  val *entry = item_val(i);
+  feat_set(c->relations, i->relation->name, entry);
+  if (entry != nullptr && entry->c.atom.ref_count == 0) delete_val(entry);  // set was full
+  return true;
+}
+
+void detach_contents(item *i) {
+  item_contents *c = i->contents;
+  if (c == nullptr) return;
+  feat_remove(c->relations, i->relation->name);
+  if (c->relations->head == nullptr) free_contents(relation_heap(i->relation), c);
+  i->contents = nullptr;
+}

@@ -1,0 +1,67 @@
+// Inside view of a value cell: telling atoms from conses, reading the type
+// and count, and the constants that are not exported by name.
+#ifndef UTILS_MODEL_VAL_CELL_H
+#define UTILS_MODEL_VAL_CELL_H
+
+#include "utt_val.h"
+
+#ifdef __cplusplus
+#include <cstring>
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// The wide-string constants "0".."60" behind val_string_n, the integer
+// constants behind val_int_n (both indexed 0..60), the constant "x" that
+// structural features answer when an item lacks the asked-for structure, and
+// the default answer of a feature path (a "0" of its own, told apart from
+// val_string_n(0) by its address only).
+extern const val *const bsr_val_int_table[61];
+extern const val *const bsr_val_string_table[61];
+extern const val bsr_val_string_x;
+extern const val bsr_val_ffeature_default;
+
+#ifdef __cplusplus
+}
+#endif
+
+#ifdef __cplusplus
+
+// Type codes: 2 * row of bsr_val_defs + 1.
+enum ValType : int16_t {
+  kValInt = 1,
+  kValFloat = 3,
+  kValString = 5,
+  kValWstring = 7,
+  kValUtterance = 9,
+  kValUttfunc = 11,
+  kValFfunc = 13,
+  kValRelation = 15,
+  kValItem = 17,
+  kValCart = 19,
+  kValUserdata = 21,
+  kValItemfunc = 23,
+  kValFeatures = 25,
+};
+
+// The first 16 bits of a cell: an odd type code for an atom, the low bits of
+// the (aligned) car pointer for a cons.
+inline int16_t cell_start(const val *v) {
+  int16_t start;
+  std::memcpy(&start, v, sizeof start);
+  return start;
+}
+inline bool cell_is_cons(const val *v) { return (cell_start(v) & 1) == 0; }
+inline bool cell_is_atom_of(const val *v, int16_t type) {
+  return v != nullptr && cell_start(v) == type;
+}
+// Counts are changed through const pointers: only cells with a count other
+// than -1 are ever written, and those come from the allocator, never from
+// read-only data.
+inline val *cell_mut(const val *v) { return const_cast<val *>(v); }
+
+#endif
+
+#endif  // UTILS_MODEL_VAL_CELL_H
