@@ -6,8 +6,8 @@
  * functions keep no state and may be called from any thread at any time.
  *
  * A tag name is the bare, lower-case element name ("p", "say-as").
- * A tag list holds tag names in ascending order, each separated by one
- * space, with one space before the first and one after the last:
+ * A tag list holds tag names (mostly in alphabetical order), each separated
+ * by one space, with one space before the first and one after the last:
  *     " audio lang lookup prosody speak voice "
  * so that a name is a member exactly when " name " occurs in the list ("s"
  * is not found inside "speak"). An empty list is "" with no spaces at all.
