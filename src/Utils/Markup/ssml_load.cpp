@@ -130,18 +130,46 @@ void build_tree(utterance *u, mxml_node_t *speak) {
 // private to the library, so silencing its messages affects nobody else.
 void quiet_parse_errors(const char *) {}
 
+bool is_root_element(mxml_node_t *node) {
+  return kind_of(node) == NodeKind::kElement;
+}
+
+int count_root_elements(mxml_node_t *holder) {
+  int count = 0;
+  for (mxml_node_t *n = mxmlGetFirstChild(holder); n; n = mxmlGetNextSibling(n)) {
+    if (is_root_element(n)) ++count;
+  }
+  return count;
+}
+
+// Parses under a holder node of our own: every node the parser makes is
+// linked below the holder as soon as it exists, so deleting the holder frees
+// all of them whichever error path the parser took (parsing with no parent,
+// Mini-XML 3.3 loses the root element when an attribute of it is malformed).
+// The holder also makes the parser insist that the root element is closed;
+// a second root element is rejected here. Null when the text is rejected.
+mxml_node_t *parse_document(const char *ssml) {
+  mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "#document");
+  if (!holder) return nullptr;
+  mxmlSetErrorCallback(quiet_parse_errors);
+  if (!mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) || count_root_elements(holder) != 1) {
+    mxmlDelete(holder);
+    return nullptr;
+  }
+  return holder;
+}
+
 }  // namespace
 
 extern "C" {
 
 UTILS_API int utt_load_ssml(utterance *u, const char *ssml) {
   if (!u || !ssml) return 0;
-  mxmlSetErrorCallback(quiet_parse_errors);
-  mxml_node_t *tree = mxmlLoadString(nullptr, ssml, MXML_OPAQUE_CALLBACK);
+  mxml_node_t *tree = parse_document(ssml);
   if (!tree) return 0;
   mxml_node_t *speak = find_root_element(tree);
   if (speak) build_tree(u, speak);
-  // The tree is ours alone (one reference): delete it directly.
+  // The tree is ours alone: delete it directly.
   mxmlDelete(tree);
   return speak ? 1 : 0;
 }
