@@ -1,5 +1,7 @@
 // Feature sets: making and deleting them, setting, finding and removing
 // named values (newest name first; a replaced value keeps its place).
+#include <cstring>
+
 #include "Utils/Model/val_cell.h"
 #include "Utils/TextMemory/private_heap.h"
 #include "bsr_string.h"
@@ -7,10 +9,19 @@
 
 namespace {
 
+// Exactly when bsr_strcmp(a, b) == 0 (null equals only null), but with the
+// first byte tested inline and the C library's compare for the rest: names
+// are short and most of them differ early.
+inline bool names_equal(const char *a, const char *b) {
+  if (a == b) return true;
+  if (a == nullptr || b == nullptr || a[0] != b[0]) return false;
+  return std::strcmp(a, b) == 0;
+}
+
 feature_pair *find_pair(const features *f, const char *name) {
   if (f == nullptr) return nullptr;
   for (feature_pair *p = f->head; p != nullptr; p = p->next)
-    if (bsr_strcmp(p->name, name) == 0) return p;
+    if (names_equal(p->name, name)) return p;
   return nullptr;
 }
 
@@ -94,11 +105,11 @@ UTILS_API const val *feat_val(const features *f, const char *name) {
 }
 
 UTILS_API int32_t feat_int(const features *f, const char *name) {
-  return val_int(feat_val(f, name));
+  return bsr_val_int_of(feat_val(f, name));
 }
 
 UTILS_API float feat_float(const features *f, const char *name) {
-  return val_float(feat_val(f, name));
+  return bsr_val_float_of(feat_val(f, name));
 }
 
 UTILS_API const bsr_wchar *feat_wstring(const features *f, const char *name) {
@@ -113,7 +124,7 @@ UTILS_API int feat_remove(features *f, const char *name) {
   if (f == nullptr) return 0;
   for (feature_pair **link = &f->head; *link != nullptr; link = &(*link)->next) {
     feature_pair *p = *link;
-    if (bsr_strcmp(p->name, name) != 0) continue;
+    if (!names_equal(p->name, name)) continue;
     *link = p->next;
     free_pair(f, p);
     return 1;

@@ -2,6 +2,7 @@
 // printing as markup attributes, and readers with the caller's default.
 #include <cstdio>
 
+#include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "utt_features.h"
 
@@ -33,12 +34,12 @@ UTILS_API int feat_print(FILE *stream, const features *f) {
 
 UTILS_API int32_t get_param_int(const features *f, const char *name, int32_t def) {
   const val *v = feat_val(f, name);
-  return v != nullptr ? val_int(v) : def;
+  return v != nullptr ? bsr_val_int_of(v) : def;
 }
 
 UTILS_API float get_param_float(const features *f, const char *name, float def) {
   const val *v = feat_val(f, name);
-  return v != nullptr ? val_float(v) : def;
+  return v != nullptr ? bsr_val_float_of(v) : def;
 }
 
 UTILS_API const val *get_param_val(const features *f, const char *name, const val *def) {

@@ -126,10 +126,12 @@ UTILS_API const val *ffeature(const item *i, const char *path) {
   return answer(w.at, t.token[t.count - 1]);
 }
 
-UTILS_API int32_t ffeature_int(const item *i, const char *path) { return val_int(ffeature(i, path)); }
+UTILS_API int32_t ffeature_int(const item *i, const char *path) {
+  return bsr_val_int_of(ffeature(i, path));
+}
 
 UTILS_API float ffeature_float(const item *i, const char *path) {
-  return val_float(ffeature(i, path));
+  return bsr_val_float_of(ffeature(i, path));
 }
 
 UTILS_API const bsr_wchar *ffeature_wstring(const item *i, const char *path) {

@@ -2,6 +2,8 @@
 // relation holding the object; these forward to the feature-set functions.
 #include "utterance.h"
 
+#include "Utils/Model/val_cell.h"
+
 namespace {
 
 features *feats_of(const item *i) {
@@ -27,11 +29,11 @@ UTILS_API int item_feat_remove(item *i, const char *name) {
 }
 
 UTILS_API int32_t item_feat_int(const item *i, const char *name) {
-  return val_int(feat_val(feats_of(i), name));
+  return bsr_val_int_of(feat_val(feats_of(i), name));
 }
 
 UTILS_API float item_feat_float(const item *i, const char *name) {
-  return val_float(feat_val(feats_of(i), name));
+  return bsr_val_float_of(feat_val(feats_of(i), name));
 }
 
 UTILS_API const bsr_wchar *item_feat_wstring(const item *i, const char *name) {

@@ -46,6 +46,10 @@ enum ValType : int16_t {
   kValFeatures = 25,
 };
 
+// val_int and val_float as the library itself calls them (see val_read.cpp).
+int32_t bsr_val_int_of(const val *v);
+float bsr_val_float_of(const val *v);
+
 // The first 16 bits of a cell: an odd type code for an atom, the low bits of
 // the (aligned) car pointer for a cons.
 inline int16_t cell_start(const val *v) {

@@ -21,7 +21,7 @@ UTILS_API int val_equal(const val *a, const val *b) {
       continue;
     }
     switch (cell_start(a)) {
-      case kValInt: return val_int(a) == val_int(b) ? 1 : 0;
+      case kValInt: return bsr_val_int_of(a) == bsr_val_int_of(b) ? 1 : 0;
       case kValFloat: return a->c.atom.payload.f == b->c.atom.payload.f ? 1 : 0;
       case kValWstring: return bsr_wcscmp(val_wstring(a), val_wstring(b)) == 0 ? 1 : 0;
       default: return a->c.atom.payload.p == b->c.atom.payload.p ? 1 : 0;
@@ -29,10 +29,10 @@ UTILS_API int val_equal(const val *a, const val *b) {
   }
 }
 
-UTILS_API int val_less(const val *a, const val *b) { return val_float(a) < val_float(b) ? 1 : 0; }
+UTILS_API int val_less(const val *a, const val *b) { return bsr_val_float_of(a) < bsr_val_float_of(b) ? 1 : 0; }
 
 UTILS_API int val_greater(const val *a, const val *b) {
-  return val_float(a) > val_float(b) ? 1 : 0;
+  return bsr_val_float_of(a) > bsr_val_float_of(b) ? 1 : 0;
 }
 
 }  // extern "C"

@@ -12,9 +12,11 @@ Fn fn_from_payload(void *p) {
 
 }  // namespace
 
-extern "C" {
-
-UTILS_API int32_t val_int(const val *v) {
+// Library code reads numbers through these, never through the exported
+// names: a program may link another library that also defines `val_int` or
+// `val_float` (the Edinburgh Speech Tools define both as data), and the
+// library must not call into whichever definition wins the lookup.
+int32_t bsr_val_int_of(const val *v) {
   if (v == nullptr) return 0;
   switch (cell_start(v)) {
     case kValInt: return v->c.atom.payload.i;
@@ -33,12 +35,18 @@ UTILS_API int32_t val_int(const val *v) {
 
 // Strings read as 0.0 here although val_int parses them: numeric comparisons
 // of strings therefore compare zeros. Callers rely on this.
-UTILS_API float val_float(const val *v) {
+float bsr_val_float_of(const val *v) {
   if (v == nullptr) return 0.0f;
   if (cell_start(v) == kValInt) return static_cast<float>(v->c.atom.payload.i);
   if (cell_start(v) == kValFloat) return v->c.atom.payload.f;
   return 0.0f;
 }
+
+extern "C" {
+
+UTILS_API int32_t val_int(const val *v) { return bsr_val_int_of(v); }
+
+UTILS_API float val_float(const val *v) { return bsr_val_float_of(v); }
 
 UTILS_API const bsr_wchar *val_wstring(const val *v) {
   return static_cast<const bsr_wchar *>(val_generic(v, kValWstring));
