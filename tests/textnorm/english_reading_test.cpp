@@ -1,0 +1,178 @@
+// The front end's English normalisation on realistic sentences: the bundled
+// rule set and readers together, checked by the aliases they produce.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "textnorm/xml_fixture.h"
+#include "utts/english_readers.h"
+#include "utts/text_normalizer.h"
+
+namespace textnorm_test {
+namespace {
+
+// "written=spoken" for every sub element, in document order, joined by " | ".
+std::string subs(mxml_node_t *tree) {
+  std::string out;
+  for (mxml_node_t *n = tree; n != nullptr; n = mxmlWalkNext(n, tree, MXML_DESCEND)) {
+    if (mxmlGetType(n) != MXML_ELEMENT || std::string(mxmlGetElement(n)) != "sub") continue;
+    if (!out.empty()) out += " | ";
+    mxml_node_t *text = mxmlGetFirstChild(n);
+    out += std::string(text ? mxmlGetOpaque(text) : "") + "=" + mxmlElementGetAttr(n, "alias");
+  }
+  return out;
+}
+
+class EnglishReading : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    normalizer_ = new utts::TextNormalizer();
+    rejected_ = normalizer_->addRules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize));
+  }
+  static void TearDownTestSuite() { delete normalizer_; }
+
+  std::string read(const std::string &body) {
+    Doc doc("<speak>" + body + "</speak>");
+    normalizer_->normalize(doc.tree());
+    return subs(doc.tree());
+  }
+
+  static utts::TextNormalizer *normalizer_;
+  static std::vector<int> rejected_;
+};
+utts::TextNormalizer *EnglishReading::normalizer_ = nullptr;
+std::vector<int> EnglishReading::rejected_;
+
+struct Reading {
+  const char *sentence, *expected;
+};
+
+TEST_F(EnglishReading, BundledRulesAllLoad) { EXPECT_TRUE(rejected_.empty()); }
+
+TEST_F(EnglishReading, Numbers) {
+  const Reading table[] = {
+      {"The city has 1,234,567 people.", "1,234,567=one million two hundred thirty-four thousand five hundred sixty-seven"},
+      {"It fell to -12 overnight.", "-12=minus twelve"},
+      {"Pi is about 3.14159.", "3.14159=three point one four one five nine"},
+      {"Only 0 were left, then 100.", "0=zero | 100=one hundred"},
+      {"A 2,000-year-old coin.", "2,000=two thousand"},
+      {"He finished 1st and she was 22nd, then 103rd.",
+       "1st=first | 22nd=twenty-second | 103rd=one hundred third"},
+      {"Add 1/2 cup and 3/4 spoon.", "1/2=one half | 3/4=three quarters"},
+      {"Pages 10-12 of COVID-19 notes.", "10=ten | 12=twelve | 19=nineteen"},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, MoneyAndPercentages) {
+  const Reading table[] = {
+      {"The ticket costs $12.50 today.", "$12.50=twelve dollars and fifty cents"},
+      {"A coffee is \xE2\x82\xAC" "5 and tea $1.", "\xE2\x82\xAC" "5=five euros | $1=one dollar"},
+      {"They raised $3.5 million.", "$3.5 million=three point five million dollars"},
+      {"Change: $0.99 or $0.01.", "$0.99=ninety-nine cents | $0.01=one cent"},
+      {"Rent is \xC2\xA3" "1,200 a month.", "\xC2\xA3" "1,200=one thousand two hundred pounds"},
+      {"Sales rose 15% and costs fell -2.5 %.", "15%=fifteen percent | -2.5 %=minus two point five percent"},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, DatesAndTimes) {
+  const Reading table[] = {
+      {"The meeting is on 2026-11-21.", "2026-11-21=November twenty-first, twenty twenty-six"},
+      {"Due 11/21/2026, paid 1/2/2005.",
+       "11/21/2026=November twenty-first, twenty twenty-six | 1/2/2005=January second, two thousand five"},
+      {"Born on Nov. 3, 1999 and wed on March 21st.",
+       "Nov. 3, 1999=November third, nineteen ninety-nine | March 21st=March twenty-first"},
+      {"Open 10:30 to 7:05 pm, or until 9 p.m.",
+       "10:30=ten thirty | 7:05 pm=seven oh five p m | 9 p.m.=nine p m"},
+      {"The train leaves at 18:00.", "18:00=eighteen o'clock"},
+      {"Prices rose in 1905 and in 2010.", "1905=nineteen oh five | 2010=twenty ten"},
+      {"The 1990s ran 1990-1999.", "1990s=nineteen nineties | 1990-1999=nineteen ninety to nineteen ninety-nine"},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, TelephoneNumbers) {
+  const Reading table[] = {
+      {"Call (555) 123-4567 now.", "(555) 123-4567=five five five, one two three, four five six seven"},
+      {"Fax 555-123-4567 or 555-0199.",
+       "555-123-4567=five five five, one two three, four five six seven | 555-0199=five five five, zero one nine nine"},
+      {"London: +44 20 7946 0958.", "+44 20 7946 0958=plus four four, two zero, seven nine four six, zero nine five eight"},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, Measures) {
+  const Reading table[] = {
+      {"It weighs 5 kg, not 1 kg.", "5 kg=five kilograms | 1 kg=one kilogram"},
+      {"Winds of 10 km/h and 3.5 GHz chips.", "10 km/h=ten kilometers per hour | 3.5 GHz=three point five gigahertz"},
+      {"It is -4 \xC2\xB0" "C outside, 2m of snow.", "-4 \xC2\xB0" "C=minus four degrees Celsius | 2m=two meters"},
+      {"A 500 GB disk lasts 30 min.", "500 GB=five hundred gigabytes | 30 min=thirty minutes"},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, Abbreviations) {
+  const Reading table[] = {
+      {"Dr. Smith met Mrs. Jones on Elm St. today.", "Dr.=doctor | Mrs.=missus | St.=street"},
+      {"We flew to St. Louis, e.g. for work.", "St.=saint | e.g.=for example"},
+      {"See No. 5 vs. Acme Inc. in Fig. 2.",
+       "No.=number | 5=five | vs.=versus | Inc.=incorporated | Fig.=figure | 2=two"},
+      {"Salt &amp; pepper.", "&=and"},
+      {"No, I will not.", ""},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, SayAsElements) {
+  const Reading table[] = {
+      {"<say-as interpret-as=\"cardinal\">1,024</say-as>", "1,024=one thousand twenty-four"},
+      {"<say-as interpret-as=\"ordinal\">3</say-as>", "3=third"},
+      {"<say-as interpret-as=\"digits\">2026</say-as>", "2026=two zero two six"},
+      {"<say-as interpret-as=\"characters\">IBM-7</say-as>", "IBM-7=I B M dash seven"},
+      {"<say-as interpret-as=\"telephone\">+1 800 555 0100</say-as>",
+       "+1 800 555 0100=plus one, eight zero zero, five five five, zero one zero zero"},
+      {"<say-as interpret-as=\"date\" format=\"dmy\">21/11/2026</say-as>",
+       "21/11/2026=November twenty-first, twenty twenty-six"},
+      {"<say-as interpret-as=\"date\" format=\"ymd\">2026.11.21</say-as>",
+       "2026.11.21=November twenty-first, twenty twenty-six"},
+      {"<say-as interpret-as=\"date\">11/21/26</say-as>", "11/21/26=November twenty-first, twenty-six"},
+      {"<say-as interpret-as=\"date\" format=\"md\">7-4</say-as>", "7-4=July fourth"},
+      {"<say-as interpret-as=\"time\">14:05</say-as>", "14:05=fourteen oh five"},
+  };
+  for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
+}
+
+TEST_F(EnglishReading, SayAsThatCannotBeReadStays) {
+  // No sub: unknown interpret-as, an impossible date, no text.
+  EXPECT_EQ(read("<say-as interpret-as=\"vxml:boolean\">true</say-as>"), "");
+  EXPECT_EQ(read("<say-as interpret-as=\"date\" format=\"mdy\">13/45/2026</say-as>"), "");
+  EXPECT_EQ(read("<say-as interpret-as=\"cardinal\">many</say-as>"), "");
+  EXPECT_EQ(read("<say-as>12</say-as>"), "");
+}
+
+TEST_F(EnglishReading, MarkupAroundTextIsKept) {
+  Doc doc("<speak><p><s>It is 5 kg.</s><s>Call <sub alias=\"me\">1</sub> at 10:30.</s></p></speak>");
+  normalizer_->normalize(doc.tree());
+  EXPECT_EQ(doc.str(),
+            "<p><s>[It is ]<sub alias=\"five kilograms\">[5 kg]</sub>[.]</s>"
+            "<s>[Call ]<sub alias=\"me\">[1]</sub>[ at ]<sub alias=\"ten thirty\">[10:30]</sub>[.]</s></p>");
+}
+
+TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
+  std::string out;
+  EXPECT_FALSE(utts::readMoney("12", out));
+  EXPECT_FALSE(utts::readDate("2026/13/01", "ymd", out));
+  EXPECT_FALSE(utts::readDate("1/2", "mdy", out));
+  EXPECT_FALSE(utts::readTime("25:00", out));
+  EXPECT_FALSE(utts::readTime("7:61", out));
+  EXPECT_FALSE(utts::readTime("7:30 xm", out));
+  EXPECT_FALSE(utts::readMeasure("5 parsecs", out));
+  EXPECT_FALSE(utts::readTelephone("none", out));
+  EXPECT_FALSE(utts::readMonthDate("Smarch 3", out));
+  EXPECT_EQ(out, "");
+}
+
+}  // namespace
+}  // namespace textnorm_test

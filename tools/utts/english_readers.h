@@ -1,0 +1,39 @@
+// The English readers that the front end registers with the converter: one
+// per element name of the bundled rule set, and the say-as reader.
+#ifndef UTTS_ENGLISH_READERS_H
+#define UTTS_ENGLISH_READERS_H
+
+#include <string>
+
+#include "hconverter.h"
+
+namespace utts {
+
+struct ReaderEntry {
+  const char *element;  // element name made by the bundled rules
+  ConvertFunc read;
+};
+
+// The readers by element name; ends with a null entry.
+const ReaderEntry *englishReaders();
+
+// Reads a say-as element: interpret-as cardinal (or number), ordinal,
+// digits, characters (or spell-out, letters), telephone, date (format mdy,
+// dmy, ymd, or any shorter combination of y, m and d; mdy by default) and
+// time. Other values are refused, which leaves the element unchanged.
+int readSayAs(const char *text, CStr *out, const char *interpret_as, const char *format,
+              const char *detail);
+
+// The readers themselves, for direct use and tests. Each appends words to
+// `out` and returns false when the text is not what it reads.
+bool readMoney(const std::string &text, std::string &out);
+bool readDate(const std::string &text, const std::string &format, std::string &out);
+bool readMonthDate(const std::string &text, std::string &out);
+bool readTime(const std::string &text, std::string &out);
+bool readTelephone(const std::string &text, std::string &out);
+bool readMeasure(const std::string &text, std::string &out);
+bool readCharacters(const std::string &text, std::string &out);
+
+}  // namespace utts
+
+#endif

@@ -1,0 +1,83 @@
+// File helpers of the front end (POSIX).
+#include "utts/file_io.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace utts {
+
+namespace {
+
+bool readStream(std::FILE *in, std::string &text) {
+  char buffer[1 << 16];
+  size_t n;
+  while ((n = std::fread(buffer, 1, sizeof buffer, in)) > 0) text.append(buffer, n);
+  return !std::ferror(in);
+}
+
+}  // namespace
+
+bool readAll(const std::string &path, std::string &text, std::string &error) {
+  text.clear();
+  if (path == "-") {
+    if (readStream(stdin, text)) return true;
+    error = "cannot read standard input: " + std::string(std::strerror(errno));
+    return false;
+  }
+  std::FILE *in = std::fopen(path.c_str(), "rb");
+  if (in == nullptr) {
+    error = "cannot read '" + path + "': " + std::strerror(errno);
+    return false;
+  }
+  bool ok = readStream(in, text);
+  if (!ok) error = "cannot read '" + path + "': " + std::strerror(errno);
+  std::fclose(in);
+  return ok;
+}
+
+bool copyToStdout(const std::string &from, std::string &error) {
+  std::string text;
+  if (!readAll(from, text, error)) return false;
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    error = "cannot write standard output: " + std::string(std::strerror(errno));
+    return false;
+  }
+  return true;
+}
+
+std::string makeTempFile(std::string &error) {
+  const char *dir = std::getenv("TMPDIR");
+  std::string path = std::string(dir != nullptr && *dir ? dir : "/tmp") + "/utts-XXXXXX";
+  int fd = mkstemp(&path[0]);
+  if (fd < 0) {
+    error = "cannot make a temporary file in '" + path.substr(0, path.rfind('/')) +
+            "': " + std::strerror(errno);
+    return std::string();
+  }
+  close(fd);
+  return path;
+}
+
+QuietStderr::QuietStderr() : saved_(dup(2)) {
+  std::fflush(stderr);
+  int null = open("/dev/null", O_WRONLY);
+  if (null >= 0) {
+    dup2(null, 2);
+    close(null);
+  }
+}
+
+QuietStderr::~QuietStderr() {
+  std::fflush(stderr);
+  if (saved_ >= 0) {
+    dup2(saved_, 2);
+    close(saved_);
+  }
+}
+
+}  // namespace utts

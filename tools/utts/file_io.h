@@ -1,0 +1,35 @@
+// Whole-file reading and writing for the front end, with "-" standing for
+// standard input and output, and errors as one-line messages.
+#ifndef UTTS_FILE_IO_H
+#define UTTS_FILE_IO_H
+
+#include <string>
+
+namespace utts {
+
+// Reads all of `path` ("-": standard input) into `text`. On failure returns
+// false with a reason in `error`.
+bool readAll(const std::string &path, std::string &text, std::string &error);
+
+// Copies the file at `from` to standard output. False with a reason on failure.
+bool copyToStdout(const std::string &from, std::string &error);
+
+// A new empty temporary file's path, or "" on failure (reason in `error`).
+std::string makeTempFile(std::string &error);
+
+// Sends standard error to /dev/null while it lives (for libraries that print
+// diagnostics of their own).
+class QuietStderr {
+ public:
+  QuietStderr();
+  ~QuietStderr();
+  QuietStderr(const QuietStderr &) = delete;
+  QuietStderr &operator=(const QuietStderr &) = delete;
+
+ private:
+  int saved_;
+};
+
+}  // namespace utts
+
+#endif
