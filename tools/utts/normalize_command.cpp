@@ -96,7 +96,8 @@ bool loadRules(TextNormalizer &normalizer, const std::string &text, const std::s
   }
   if (rejected.empty()) return true;
   error = name + ":" + std::to_string(rejected[0]) + ": rule rejected";
-  if (rejected.size() > 1) error += " (and " + std::to_string(rejected.size() - 1) + " more lines)";
+  if (rejected.size() == 2) error += " (and 1 more line)";
+  if (rejected.size() > 2) error += " (and " + std::to_string(rejected.size() - 1) + " more lines)";
   return false;
 }
 
