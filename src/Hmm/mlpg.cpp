@@ -13,69 +13,26 @@
 #include "hts_pstream.h"
 
 #include "Hmm/mlpg_plan.h"
+#include "Hmm/mlpg_rows.h"
 
 namespace {
 
-using utils_mlpg::BandTerm;
 using utils_mlpg::Plan;
-using utils_mlpg::Shift;
 
-// Row t of the band and W'U^-1 mu from the plan. kChecked is for the frames
-// near either end, where a shift may leave the frames or a band column pass
-// the last frame; such contributions are skipped.
-template <bool kChecked>
-inline float build_row_planned(const PStream *ps, const Plan &plan, int t, int frames, float *row) {
-  float wum = 0.0f;
-  for (int n = 0; n < plan.num_shifts; ++n) {
-    const Shift &shift = plan.shifts[n];
-    int u = t + shift.s;
-    if (kChecked && (u < 0 || u >= frames)) continue;
-    float wu = static_cast<float>(ps->ivar[u][shift.entry]) * shift.centre;
-    wum += static_cast<float>(ps->mean[u][shift.entry]) * wu;
-    for (int k = shift.first_term; k < shift.end_term; ++k) {
-      const BandTerm &term = plan.terms[k];
-      if (kChecked && t + term.j >= frames) break;
-      row[term.j] += term.c * wu;
-    }
-  }
-  return wum;
-}
-
-// The same row straight from the windows, for window sets too large for a
-// plan.
-float build_row_plain(const PStream *ps, int m, int t, int frames, float *row) {
-  float wum = 0.0f;
-  for (int w = 0; w < ps->num_windows; ++w) {
-    int entry = w * ps->vector_length + m;
-    for (int s = ps->win_l_width[w]; s <= ps->win_r_width[w]; ++s) {
-      float centre = utils_mlpg::window_coefficient(ps, w, -s);
-      if (t + s < 0 || t + s >= frames || centre == 0.0f) continue;
-      float wu = static_cast<float>(ps->ivar[t + s][entry]) * centre;
-      wum += static_cast<float>(ps->mean[t + s][entry]) * wu;
-      for (int j = 0; j < ps->width && t + j < frames; ++j) {
-        float c = utils_mlpg::window_coefficient(ps, w, j - s);
-        if (j - s <= ps->win_r_width[w] && c != 0.0f) row[j] += c * wu;
-      }
-    }
-  }
-  return wum;
-}
+// ---- Any band width: rows read back from memory --------------------------
 
 // In-place L D L' step for row t, whose rows above are already factorised:
 // entry 0 becomes the pivot D, entries 1.. the row of L'. An entry that is
-// exactly 0 is not divided, so a zero pivot with a zero row stays 0/0-free.
-// kWidth is the band width when known at compile time, else 0.
-template <int kWidth>
-inline void factorise_row(float *const *wuw, int t, int width) {
-  const int n = kWidth > 0 ? kWidth : width;
+// exactly 0 is not divided, so a zero pivot with a zero row makes no 0/0.
+void factorise_row(float *const *wuw, int t, int width) {
   float *row = wuw[t];
-  const int reach = t < n - 1 ? t : n - 1;
+  const int reach = t < width - 1 ? t : width - 1;
   for (int i = 1; i <= reach; ++i) {
     const float *above = wuw[t - i];
     row[0] -= above[i] * above[i] * above[0];
   }
-  for (int i = 1; i < n; ++i) {
-    for (int j = 1; i + j < n && j <= reach; ++j) {
+  for (int i = 1; i < width; ++i) {
+    for (int j = 1; i + j < width && j <= reach; ++j) {
       const float *above = wuw[t - j];
       row[i] -= above[j] * above[i + j] * above[0];
     }
@@ -84,52 +41,124 @@ inline void factorise_row(float *const *wuw, int t, int width) {
 }
 
 // g[t] from W'U^-1 mu and the L rows above.
-template <int kWidth>
-inline float forward_row(float *const *wuw, const float *g, float wum, int t, int width) {
-  const int n = kWidth > 0 ? kWidth : width;
-  const int reach = t < n - 1 ? t : n - 1;
+float forward_row(float *const *wuw, const float *g, float wum, int t, int width) {
+  const int reach = t < width - 1 ? t : width - 1;
   float value = wum;
   for (int i = 1; i <= reach; ++i) value -= wuw[t - i][i] * g[t - i];
   return value;
 }
 
-// par[t] from g[t], the pivot and the values already solved below it. When
-// g[t] is exactly 0 there is no division and par[t] starts from the value it
+// par[t] from g[t], the pivot and the values already solved after it. When
+// g[t] is exactly 0 there is no division: par[t] starts from the value it
 // already holds (a frame with no statistics has a zero pivot).
-template <int kWidth>
-inline void backward(PStream *ps, int frames, int width) {
-  const int n = kWidth > 0 ? kWidth : width;
-  float *par = ps->par;
+void backward_any(PStream *ps, int frames) {
+  const int width = ps->width;
   for (int t = frames - 1; t >= 0; --t) {
     const float *row = ps->wuw[t];
-    float value = par[t];
+    float value = ps->par[t];
     if (ps->g[t] != 0.0f) value = ps->g[t] / row[0];
-    for (int i = 1; i < n && t + i < frames; ++i) value -= row[i] * par[t + i];
-    par[t] = value;
+    for (int i = 1; i < width && t + i < frames; ++i) value -= row[i] * ps->par[t + i];
+    ps->par[t] = value;
   }
 }
 
-template <int kWidth>
-void generate(PStream *ps, int m, int frames, const Plan *plan) {
-  const int width = kWidth > 0 ? kWidth : ps->width;
-  // Frames whose shifts and band columns all stay inside 0..frames-1.
-  const int first_inner = plan != nullptr ? -plan->min_s : frames;
-  const int end_inner = plan != nullptr ? frames - plan->max_reach : 0;
+void generate_any(PStream *ps, int m, int frames, const Plan *plan) {
   for (int t = 0; t < frames; ++t) {
-    float *row = ps->wuw[t];
-    for (int i = 0; i < width; ++i) row[i] = 0.0f;
-    float wum;
-    if (plan == nullptr)
-      wum = build_row_plain(ps, m, t, frames, row);
-    else if (t >= first_inner && t < end_inner)
-      wum = build_row_planned<false>(ps, *plan, t, frames, row);
-    else
-      wum = build_row_planned<true>(ps, *plan, t, frames, row);
+    const float wum = utils_mlpg::build_row<0>(ps, plan, m, t, frames);
     ps->wum[t] = wum;
-    factorise_row<kWidth>(ps->wuw, t, width);
-    ps->g[t] = forward_row<kWidth>(ps->wuw, ps->g, wum, t, width);
+    factorise_row(ps->wuw, t, ps->width);
+    ps->g[t] = forward_row(ps->wuw, ps->g, wum, t, ps->width);
   }
-  backward<kWidth>(ps, frames, width);
+  backward_any(ps, frames);
+}
+
+// ---- Band width K known at compile time ----------------------------------
+// The same arithmetic, with the K - 1 factorised rows above and the values
+// solved next to the current frame kept in registers instead of being read
+// back from memory on the chain from one frame to the next.
+
+template <int K>
+struct RowsAbove {
+  float row[K > 1 ? K - 1 : 1][K];  // row[i - 1] is frame t - i, factorised
+  float g[K > 1 ? K - 1 : 1];       // g[i - 1] is g[t - i]
+
+  void load(const PStream *ps, int t) {
+    for (int i = 1; i < K; ++i) {
+      for (int k = 0; k < K; ++k) row[i - 1][k] = ps->wuw[t - i][k];
+      g[i - 1] = ps->g[t - i];
+    }
+  }
+  void push(const float (&current)[K], float g_current) {
+    for (int i = K - 2; i > 0; --i) {
+      for (int k = 0; k < K; ++k) row[i][k] = row[i - 1][k];
+      g[i] = g[i - 1];
+    }
+    if (K > 1) {
+      for (int k = 0; k < K; ++k) row[0][k] = current[k];
+      g[0] = g_current;
+    }
+  }
+};
+
+// factorise_row and forward_row for a frame t >= K - 1, whose K - 1 rows
+// above all exist.
+template <int K>
+inline float factorise_and_forward(const RowsAbove<K> &above, float (&row)[K], float wum) {
+  for (int i = 1; i < K; ++i) {
+    const float *a = above.row[i - 1];
+    row[0] -= a[i] * a[i] * a[0];
+  }
+  for (int i = 1; i < K; ++i) {
+    for (int j = 1; i + j < K; ++j) {
+      const float *a = above.row[j - 1];
+      row[i] -= a[j] * a[i + j] * a[0];
+    }
+    if (row[i] != 0.0f) row[i] /= row[0];
+  }
+  float value = wum;
+  for (int i = 1; i < K; ++i) value -= above.row[i - 1][i] * above.g[i - 1];
+  return value;
+}
+
+template <int K>
+void backward_fixed(PStream *ps, int frames) {
+  float after[K];  // after[i] = par[t + i] once t + i < frames
+  for (int i = 0; i < K; ++i) after[i] = 0.0f;
+  for (int t = frames - 1; t >= 0; --t) {
+    const float *row = ps->wuw[t];
+    float value = ps->par[t];
+    if (ps->g[t] != 0.0f) value = ps->g[t] / row[0];
+    for (int i = 1; i < K; ++i)
+      if (t + i < frames) value -= row[i] * after[i];
+    ps->par[t] = value;
+    for (int i = K - 1; i > 1; --i) after[i] = after[i - 1];
+    if (K > 1) after[1] = value;
+  }
+}
+
+template <int K>
+void generate_fixed(PStream *ps, int m, int frames, const Plan *plan) {
+  const int head = frames < K - 1 ? frames : K - 1;
+  for (int t = 0; t < head; ++t) {  // rows with fewer than K - 1 rows above
+    const float wum = utils_mlpg::build_row<K>(ps, plan, m, t, frames);
+    ps->wum[t] = wum;
+    factorise_row(ps->wuw, t, K);
+    ps->g[t] = forward_row(ps->wuw, ps->g, wum, t, K);
+  }
+  RowsAbove<K> above;
+  if (head == K - 1 && frames > head) above.load(ps, head);
+  for (int t = head; t < frames; ++t) {
+    const float wum = utils_mlpg::build_row<K>(ps, plan, m, t, frames);
+    ps->wum[t] = wum;
+    float *stored = ps->wuw[t];
+    float row[K];
+    for (int k = 0; k < K; ++k) row[k] = stored[k];
+    const float g = factorise_and_forward<K>(above, row, wum);
+    for (int k = 0; k < K; ++k) stored[k] = row[k];
+    ps->g[t] = g;
+    above.push(row, g);
+  }
+  backward_fixed<K>(ps, frames);
 }
 
 }  // namespace
@@ -139,16 +168,16 @@ extern "C" {
 UTILS_API void HTS_PStream_mlpg(PStream *ps, int m) {
   if (ps == nullptr || m < 0 || m >= ps->vector_length) return;
   // Never walk past the rows that exist, whatever a caller did to length.
-  int frames = ps->length < ps->alloc_length ? ps->length : ps->alloc_length;
+  const int frames = ps->length < ps->alloc_length ? ps->length : ps->alloc_length;
   if (frames <= 0 || ps->width < 1) return;
 
   Plan plan;
   const Plan *use = utils_mlpg::make_plan(ps, m, &plan) ? &plan : nullptr;
   switch (ps->width) {
-    case 1: generate<1>(ps, m, frames, use); break;
-    case 3: generate<3>(ps, m, frames, use); break;
-    case 5: generate<5>(ps, m, frames, use); break;
-    default: generate<0>(ps, m, frames, use); break;
+    case 1: generate_fixed<1>(ps, m, frames, use); break;
+    case 3: generate_fixed<3>(ps, m, frames, use); break;
+    case 5: generate_fixed<5>(ps, m, frames, use); break;
+    default: generate_any(ps, m, frames, use); break;
   }
 }
 

@@ -18,6 +18,25 @@ bool add_terms(const PStream *ps, int w, int s, Plan *plan, int *num_terms) {
   return true;
 }
 
+// Regroups the shift-major terms by band column, keeping shift order
+// within each column; false when a term lies beyond kMaxColumns.
+bool gather_columns(Plan *plan) {
+  plan->num_columns = 0;
+  for (int n = 0; n < plan->num_shifts; ++n)
+    for (int k = plan->shifts[n].first_term; k < plan->shifts[n].end_term; ++k)
+      if (plan->terms[k].j >= plan->num_columns) plan->num_columns = plan->terms[k].j + 1;
+  if (plan->num_columns > kMaxColumns) return false;
+  int count = 0;
+  for (int j = 0; j < plan->num_columns; ++j) {
+    plan->column_begin[j] = count;
+    for (int n = 0; n < plan->num_shifts; ++n)
+      for (int k = plan->shifts[n].first_term; k < plan->shifts[n].end_term; ++k)
+        if (plan->terms[k].j == j) plan->columns[count++] = ColumnTerm{n, plan->terms[k].c};
+  }
+  plan->column_begin[plan->num_columns] = count;
+  return true;
+}
+
 }  // namespace
 
 bool make_plan(const PStream *ps, int m, Plan *plan) {
@@ -41,7 +60,7 @@ bool make_plan(const PStream *ps, int m, Plan *plan) {
       if (s > plan->max_reach) plan->max_reach = s;
     }
   }
-  return true;
+  return gather_columns(plan);
 }
 
 }  // namespace utils_mlpg

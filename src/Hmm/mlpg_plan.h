@@ -23,23 +23,34 @@ struct BandTerm {
   float c;          // c(j - s)
 };
 
+// The same terms gathered by band column: column j's sum takes, in shift
+// order, c times the weighted inverse variance of shift `shift`.
+struct ColumnTerm {
+  int shift;
+  float c;
+};
+
 // Fixed room, enough for any usual window set (three windows of half-width
 // up to 4 need at most 27 shifts and 243 terms). Larger sets are generated
 // by the plain loop instead.
 constexpr int kMaxShifts = 48;
 constexpr int kMaxTerms = 512;
+constexpr int kMaxColumns = 48;
 
 struct Plan {
   Shift shifts[kMaxShifts];
-  BandTerm terms[kMaxTerms];
+  BandTerm terms[kMaxTerms];        // by shift
+  ColumnTerm columns[kMaxTerms];    // by column
+  int column_begin[kMaxColumns + 1];
   int num_shifts;
+  int num_columns;  // columns up to the last one any term reaches
   int min_s;        // smallest frame offset of any shift (0 when none)
   int max_reach;    // largest frame offset read or written: max(s, j)
 };
 
-// Fills the plan for dimension m in the order the row sums are accumulated
-// (window by window, shift from left to right, j increasing). Returns false
-// when the windows need more room than the plan has.
+// Fills the plan for dimension m. Both term lists keep the order in which
+// the row sums accumulate: window by window, shift from left to right.
+// Returns false when the windows need more room than the plan has.
 bool make_plan(const PStream *ps, int m, Plan *plan);
 
 // Coefficient of window w at offset k; 0 outside the window.

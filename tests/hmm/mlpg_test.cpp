@@ -150,22 +150,22 @@ TEST(MlpgEdges, SingleFrameUsesOnlyTheCentreCoefficients) {
 }
 
 TEST(MlpgEdges, LongWindowsTakeTheGeneralPath) {
-  // Three 21-tap windows need more products than the usual fast path
-  // holds; the result is the same arithmetic.
+  // Three 31-tap windows have about 60 shifts with a non-zero centre
+  // coefficient, more than the fast path keeps room for; the general path
+  // must give the same arithmetic.
   Windows wide;
-  std::vector<float> smooth(21), slope(21), curve(21);
-  for (int k = -10; k <= 10; ++k) {
-    smooth[k + 10] = k == 0 ? 1.0f : 0.0f;
-    slope[k + 10] = static_cast<float>(k) / 770.0f;
-    curve[k + 10] = static_cast<float>(k * k - 36) / 3000.0f;
+  std::vector<float> slope(31), curve(31);
+  for (int k = -15; k <= 15; ++k) {
+    slope[k + 15] = static_cast<float>(k) / 2480.0f;
+    curve[k + 15] = static_cast<float>(k * k - 80) / 30000.0f;
   }
   wide.add(0, {1.0f});
-  wide.add(-10, smooth);
-  wide.add(-10, slope);
-  wide.add(-10, curve);
-  for (int frames : {5, 60}) {
+  wide.add(-15, slope);
+  wide.add(-15, curve);
+  for (int frames : {5, 40}) {
     Stream s(wide, 2, frames);
     ASSERT_NE(s.ps, nullptr);
+    ASSERT_EQ(s.ps->width, 31);
     hmm_test::fill_random(s, 9u);
     expect_matches_references(s, kSinglePrecision);
   }
