@@ -56,7 +56,7 @@ mxml_node_t *HReplacer::replaceText(const char *text) {
   mxml_node_t *speak = mxmlNewElement(document, "speak");
   if (speak != nullptr && text != nullptr) {
     textnorm::TextQueue queue;
-    if (mxml_node_t *child = mxmlNewOpaque(speak, text)) queue.push_back(child);
+    if (mxml_node_t *child = mxmlNewOpaque(speak, text)) textnorm::pushText(queue, child);
     applyAll(queue);
   }
   return document;

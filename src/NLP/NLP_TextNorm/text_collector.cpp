@@ -4,6 +4,8 @@
 
 #include <re2/re2.h>
 
+#include <cstring>
+
 namespace textnorm {
 
 namespace {
@@ -34,6 +36,11 @@ bool isBlankText(const char *text) {
   return text == nullptr || fullMatch(blankPattern(), text);
 }
 
+void pushText(TextQueue &queue, mxml_node_t *node) {
+  const char *text = mxmlGetOpaque(node);
+  if (text != nullptr) queue.push_back({node, text, std::strlen(text)});
+}
+
 void collectText(mxml_node_t *top, TextQueue &queue) {
   if (top == nullptr) return;
   mxml_node_t *node = mxmlGetFirstChild(top);
@@ -44,7 +51,7 @@ void collectText(mxml_node_t *top, TextQueue &queue) {
         if (!isProtectedElement(mxmlGetElement(node))) descend = MXML_DESCEND;
         break;
       case MXML_OPAQUE:
-        if (!isBlankText(mxmlGetOpaque(node))) queue.push_back(node);
+        if (!isBlankText(mxmlGetOpaque(node))) pushText(queue, node);
         break;
       default:
         break;

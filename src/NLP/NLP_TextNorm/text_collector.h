@@ -5,11 +5,23 @@
 
 #include <mxml.h>
 
+#include <cstddef>
 #include <deque>
 
 namespace textnorm {
 
-using TextQueue = std::deque<mxml_node_t *>;
+// A text node waiting for the rules, with its text and length noted once so
+// that each pass need not touch the node or measure the text again.
+struct QueuedText {
+  mxml_node_t *node;
+  const char *text;
+  size_t length;
+};
+
+using TextQueue = std::deque<QueuedText>;
+
+// Queues `node` (an opaque text node) at the back.
+void pushText(TextQueue &queue, mxml_node_t *node);
 
 // True for element names whose text is never rewritten: names beginning with
 // 'x' (made by rules) and exactly "sub" or "say-as" (already spoken forms).
