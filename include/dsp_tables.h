@@ -13,7 +13,9 @@
 UTILS_BEGIN_DECLS
 
 /* index 0..4095 stands for the angle 2*pi*index/4096. Returns
- * round(32767 * cos(angle)) in Q15, -32767..32767. */
+ * round(32767 * cos(angle)) in Q15, -32767..32767. Entry 3375, whose exact
+ * value is 14687.50014, holds 14687 (the table was computed in single
+ * precision); its mirror entry 721 holds 14688. */
 UTILS_API int LookupCosTable(unsigned int index);
 
 /* index 0..19. Returns round(e^index): 1, 3, 7, 20, ..., 178482301. */

@@ -52,6 +52,11 @@ typedef struct PStream {
  * the stream. `max_half_width` is normally the largest |offset| of any
  * window; a window reaching further than that loses the band entries
  * beyond the width.
+ * Windows are expected to reach as far left as right (win_l_width[w] ==
+ * -win_r_width[w]), as delta windows do: frame t draws on the statistics of
+ * frames t + s for s in the window's own offsets. A one-sided window (a
+ * forward difference at offsets 0..1, say) is written centred, with zero
+ * coefficients on the short side (offsets -1..1: 0, -1, 1).
  * Returns null when memory is exhausted (nothing is leaked), and for
  * arguments no stream can be made from: num_windows < 1, a null window array,
  * or a negative vector_size, max_half_width or length. A length of 0 gives a

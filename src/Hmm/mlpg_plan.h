@@ -34,7 +34,7 @@ struct ColumnTerm {
 // up to 4 need at most 27 shifts and 243 terms). Larger sets are generated
 // by the plain loop instead.
 constexpr int kMaxShifts = 48;
-constexpr int kMaxTerms = 512;
+constexpr int kMaxTerms = 256;
 constexpr int kMaxColumns = 48;
 
 struct Plan {
