@@ -59,8 +59,8 @@ typedef struct PStream {
  * coefficients on the short side (offsets -1..1: 0, -1, 1).
  * Returns null when memory is exhausted (nothing is leaked), and for
  * arguments no stream can be made from: num_windows < 1, a null window array,
- * or a negative vector_size, max_half_width or length. A length of 0 gives a
- * valid, empty stream. */
+ * a window offset beyond +-65536, or a negative vector_size, max_half_width
+ * or length. A length of 0 gives a valid, empty stream. */
 UTILS_API PStream *PStream_Create(int num_windows, int *win_l_width, int *win_r_width,
                                   float **win_coefficient, int vector_size,
                                   int max_half_width, int length);

@@ -42,10 +42,16 @@ void free_rows(T **table, int rows) {
   bsr_free(table);
 }
 
+// Delta windows span a few frames; an offset beyond this is not a window
+// (and would make the loops over a window's offsets run away).
+constexpr int kMaxWindowOffset = 1 << 16;
+
 bool windows_usable(int num_windows, const int *left, const int *right, float *const *coef) {
   if (num_windows < 1 || left == nullptr || right == nullptr || coef == nullptr) return false;
-  for (int w = 0; w < num_windows; ++w)
+  for (int w = 0; w < num_windows; ++w) {
+    if (left[w] < -kMaxWindowOffset || right[w] > kMaxWindowOffset) return false;
     if (coef[w] == nullptr && right[w] >= left[w]) return false;
+  }
   return true;
 }
 

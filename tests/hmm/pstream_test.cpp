@@ -89,6 +89,10 @@ TEST(PStreamCreate, RejectsArgumentsNoStreamCanBeMadeFrom) {
   EXPECT_EQ(PStream_Create(3, l, r, c, 6, 1, -5), nullptr);
   float *missing[3] = {c[0], nullptr, c[2]};
   EXPECT_EQ(PStream_Create(3, l, r, missing, 6, 1, 5), nullptr);
+  int runaway_right[3] = {0, 1, 2147483647};
+  EXPECT_EQ(PStream_Create(3, l, runaway_right, c, 6, 1, 5), nullptr);
+  int runaway_left[3] = {0, -1, -2147483647 - 1};
+  EXPECT_EQ(PStream_Create(3, runaway_left, r, c, 6, 1, 5), nullptr);
 }
 
 TEST(PStreamCreate, SizesBeyondTheAllocatorFailCleanly) {
