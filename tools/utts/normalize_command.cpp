@@ -5,7 +5,6 @@
 #include <mxml.h>
 
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -108,8 +107,6 @@ void keepParseError(const char *message) {
 }
 
 mxml_node_t *findSpeak(mxml_node_t *tree) {
-  if (mxmlGetType(tree) == MXML_ELEMENT && std::strcmp(mxmlGetElement(tree), "speak") == 0)
-    return tree;
   return mxmlFindElement(tree, tree, "speak", nullptr, nullptr, MXML_DESCEND);
 }
 
@@ -164,10 +161,15 @@ int runNormalize(int argc, char **argv) {
   const std::string inputName = options.input == "-" ? "standard input" : "'" + options.input + "'";
   g_parseError.clear();
   mxmlSetErrorCallback(keepParseError);
-  mxml_node_t *tree = mxmlLoadString(nullptr, ssml.c_str(), MXML_OPAQUE_CALLBACK);
-  if (tree == nullptr)
+  // The document goes under a holder node: on a parse error Mini-XML frees
+  // the half-built tree only when it has a parent to hang it on.
+  mxml_node_t *tree = mxmlNewElement(MXML_NO_PARENT, "document");
+  if (tree == nullptr) return fail("out of memory");
+  if (mxmlLoadString(tree, ssml.c_str(), MXML_OPAQUE_CALLBACK) == nullptr) {
+    mxmlDelete(tree);
     return fail(inputName + " is not well-formed SSML" +
                 (g_parseError.empty() ? std::string() : ": " + g_parseError));
+  }
   if (findSpeak(tree) == nullptr) {
     mxmlDelete(tree);
     return fail(inputName + " has no <speak> element");
