@@ -75,6 +75,19 @@ TEST(SsmlLoad, AttributeNamedTagCannotRenameTheElement) {
   EXPECT_EQ(utt.tree(), "speak(s[id=1](\"x\"))");
 }
 
+TEST(SsmlLoad, RepeatedTextsStayIndependentPerItem) {
+  // Equal names and texts may share one counted value; changing or deleting
+  // one item must not show through another.
+  Utt utt;
+  ASSERT_EQ(utt.load("<speak><s xml:lang=\"en\">a</s><s xml:lang=\"en\">a</s></speak>"), 1);
+  item *first = item_daughter(utt.root());
+  item_set_wstring(first, "tag", u"p");
+  item_set_wstring(item_daughter(first), "text", u"b");
+  EXPECT_EQ(utt.tree(), "speak(p[xml:lang=en](\"b\"),s[xml:lang=en](\"a\"))");
+  delete_item(first);
+  EXPECT_EQ(utt.tree(), "speak(s[xml:lang=en](\"a\"))");
+}
+
 TEST(SsmlLoad, LoadingAgainReplacesTheTree) {
   Utt utt;
   ASSERT_EQ(utt.load("<speak><s>one</s></speak>"), 1);

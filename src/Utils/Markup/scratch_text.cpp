@@ -30,19 +30,6 @@ void *ScratchText::room(uint64_t bytes) {
   return data_;
 }
 
-const bsr_wchar *ScratchText::wide_from_utf8(const char *utf8, bool lead_blank) {
-  if (!utf8) return nullptr;
-  // One UTF-16 unit per byte at most, plus the terminator (and the blank).
-  uint64_t bytes = strlen(utf8);
-  uint64_t units = bytes + 1 + (lead_blank ? 1 : 0);
-  auto *out = static_cast<bsr_wchar *>(room(units * sizeof(bsr_wchar)));
-  if (!out) return nullptr;
-  bsr_wchar *text = out;
-  if (lead_blank) *text++ = u' ';
-  bsr_UTF8ToUTF16(utf8, static_cast<uint32_t>(bytes), text, static_cast<uint32_t>(bytes + 1));
-  return out;
-}
-
 const char *ScratchText::utf8_from_wide(const bsr_wchar *wide) {
   if (!wide) return nullptr;
   // Four bytes per unit is more than any UTF-16 unit needs, plus room for

@@ -13,12 +13,6 @@ class ScratchText {
   ScratchText(const ScratchText &) = delete;
   ScratchText &operator=(const ScratchText &) = delete;
 
-  // `utf8` as UTF-16 in this buffer (valid until the next call); the
-  // conversion stops at an ill-formed sequence. Null when `utf8` is null or
-  // memory runs out.
-  // With `lead_blank`, a blank is put before the converted text.
-  const bsr_wchar *wide_from_utf8(const char *utf8, bool lead_blank = false);
-
   // `wide` as UTF-8 in this buffer (valid until the next call); stops at an
   // unpaired surrogate. Null when `wide` is null or memory runs out.
   const char *utf8_from_wide(const bsr_wchar *wide);

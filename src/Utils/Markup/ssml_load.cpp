@@ -5,7 +5,7 @@
 #include <string.h>
 
 #include "Utils/Markup/item_tag.h"
-#include "Utils/Markup/scratch_text.h"
+#include "Utils/Markup/shared_values.h"
 #include "Utils/Markup/ssml_names.h"
 
 namespace {
@@ -32,37 +32,41 @@ NodeKind kind_of(mxml_node_t *node) {
   }
 }
 
-void set_wide(item *it, const char *name, const char *utf8, ScratchText &scratch,
+// What one conversion works with: the values shared between items.
+struct Converter {
+  SharedValues values;
+};
+
+void set_wide(item *it, const char *name, const char *utf8, Converter &conv,
               bool lead_blank = false) {
-  const bsr_wchar *wide = scratch.wide_from_utf8(utf8 ? utf8 : "", lead_blank);
-  if (wide) item_set_wstring(it, name, wide);
+  if (val *v = conv.values.get(utf8 ? utf8 : "", lead_blank)) item_set(it, name, v);
 }
 
 // "tag" first, then the attributes from the last to the first: the item's
 // list (newest first) then reads attribute 1, 2, ..., "tag".
-void set_element(item *it, mxml_node_t *element, ScratchText &scratch) {
-  set_wide(it, SSML_TAG_FEATURE, mxmlGetElement(element), scratch);
+void set_element(item *it, mxml_node_t *element, Converter &conv) {
+  set_wide(it, SSML_TAG_FEATURE, mxmlGetElement(element), conv);
   for (int k = mxmlElementGetAttrCount(element) - 1; k >= 0; --k) {
     const char *name = nullptr;
     const char *value = mxmlElementGetAttrByIndex(element, k, &name);
     // An attribute called "tag" would rename the element; it cannot be
     // held in the tree and is dropped.
     if (!name || !name[0] || strcmp(name, SSML_TAG_FEATURE) == 0) continue;
-    set_wide(it, name, value, scratch);
+    set_wide(it, name, value, conv);
   }
 }
 
-void set_text(item *it, mxml_node_t *node, ScratchText &scratch) {
+void set_text(item *it, mxml_node_t *node, Converter &conv) {
   if (const char *cdata = mxmlGetCDATA(node)) {
-    set_wide(it, SSML_TEXT_FEATURE, cdata, scratch);
+    set_wide(it, SSML_TEXT_FEATURE, cdata, conv);
   } else if (mxmlGetType(node) == MXML_OPAQUE) {
-    set_wide(it, SSML_TEXT_FEATURE, mxmlGetOpaque(node), scratch);
+    set_wide(it, SSML_TEXT_FEATURE, mxmlGetOpaque(node), conv);
   } else {
     // A word of a tree loaded in text mode; its flag stands for the
     // white space before it.
     int blank = 0;
     const char *word = mxmlGetText(node, &blank);
-    set_wide(it, SSML_TEXT_FEATURE, word, scratch, blank != 0);
+    set_wide(it, SSML_TEXT_FEATURE, word, conv, blank != 0);
   }
 }
 
@@ -79,7 +83,7 @@ mxml_node_t *find_root_element(mxml_node_t *tree) {
 // sibling lists nor deep nesting use any stack. Climbing asks the last item
 // of a finished list for its parent, which walks that list once: linear in
 // all.
-void convert_content(item *root, mxml_node_t *speak, ScratchText &scratch) {
+void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
   mxml_node_t *owner = speak;  // the element whose children are converted
   mxml_node_t *node = mxmlGetFirstChild(speak);
   item *parent = root;   // owner's item; only needed while `last` is null
@@ -102,9 +106,9 @@ void convert_content(item *root, mxml_node_t *speak, ScratchText &scratch) {
     if (!made) return;  // out of memory: keep what was built
     last = made;
     if (kind == NodeKind::kText) {
-      set_text(made, node, scratch);
+      set_text(made, node, conv);
     } else {
-      set_element(made, node, scratch);
+      set_element(made, node, conv);
       if (mxml_node_t *first = mxmlGetFirstChild(node)) {
         owner = node;
         parent = made;
@@ -121,9 +125,9 @@ void build_tree(utterance *u, mxml_node_t *speak) {
   relation *rel = utt_relation_create(u, SSML_RELATION);
   item *root = relation_append(rel, nullptr);
   if (!root) return;
-  ScratchText scratch;
-  set_element(root, speak, scratch);
-  convert_content(root, speak, scratch);
+  Converter conv;
+  set_element(root, speak, conv);
+  convert_content(root, speak, conv);
 }
 
 // Parse errors are reported through the result alone. This Mini-XML copy is
