@@ -14,6 +14,7 @@
 
 #include "Hmm/mlpg_plan.h"
 #include "Hmm/mlpg_rows.h"
+#include "Hmm/mlpg_tap3.h"
 
 namespace {
 
@@ -136,11 +137,12 @@ void backward_fixed(PStream *ps, int frames) {
   }
 }
 
-template <int K>
-void generate_fixed(PStream *ps, int m, int frames, const Plan *plan) {
+// build(t) zeroes and builds row t and returns W'U^-1 mu for frame t.
+template <int K, class Build>
+void generate_fixed(PStream *ps, int frames, Build build) {
   const int head = frames < K - 1 ? frames : K - 1;
   for (int t = 0; t < head; ++t) {  // rows with fewer than K - 1 rows above
-    const float wum = utils_mlpg::build_row<K>(ps, plan, m, t, frames);
+    const float wum = build(t);
     ps->wum[t] = wum;
     factorise_row(ps->wuw, t, K);
     ps->g[t] = forward_row(ps->wuw, ps->g, wum, t, K);
@@ -148,7 +150,7 @@ void generate_fixed(PStream *ps, int m, int frames, const Plan *plan) {
   RowsAbove<K> above;
   if (head == K - 1 && frames > head) above.load(ps, head);
   for (int t = head; t < frames; ++t) {
-    const float wum = utils_mlpg::build_row<K>(ps, plan, m, t, frames);
+    const float wum = build(t);
     ps->wum[t] = wum;
     float *stored = ps->wuw[t];
     float row[K];
@@ -161,6 +163,20 @@ void generate_fixed(PStream *ps, int m, int frames, const Plan *plan) {
   backward_fixed<K>(ps, frames);
 }
 
+template <int K>
+void generate_planned(PStream *ps, int m, int frames, const Plan *plan) {
+  generate_fixed<K>(ps, frames, [=](int t) { return utils_mlpg::build_row<K>(ps, plan, m, t, frames); });
+}
+
+void generate_tap3(PStream *ps, int m, int frames, const utils_mlpg::Tap3Plan &plan) {
+  generate_fixed<3>(ps, frames, [&](int t) {
+    if (t == 0 || t == frames - 1) return utils_mlpg::build_row<3>(ps, nullptr, m, t, frames);
+    const int ahead = t + utils_mlpg::kPrefetchFrames + 1;
+    if (ahead < frames) utils_mlpg::prefetch_statistics(ps, m, ahead);
+    return utils_mlpg::build_row_tap3(ps, plan, t, ps->wuw[t]);
+  });
+}
+
 }  // namespace
 
 extern "C" {
@@ -171,12 +187,17 @@ UTILS_API void HTS_PStream_mlpg(PStream *ps, int m) {
   const int frames = ps->length < ps->alloc_length ? ps->length : ps->alloc_length;
   if (frames <= 0 || ps->width < 1) return;
 
+  utils_mlpg::Tap3Plan tap3;
+  if (utils_mlpg::make_tap3_plan(ps, m, &tap3)) {
+    generate_tap3(ps, m, frames, tap3);
+    return;
+  }
   Plan plan;
   const Plan *use = utils_mlpg::make_plan(ps, m, &plan) ? &plan : nullptr;
   switch (ps->width) {
-    case 1: generate_fixed<1>(ps, m, frames, use); break;
-    case 3: generate_fixed<3>(ps, m, frames, use); break;
-    case 5: generate_fixed<5>(ps, m, frames, use); break;
+    case 1: generate_planned<1>(ps, m, frames, use); break;
+    case 3: generate_planned<3>(ps, m, frames, use); break;
+    case 5: generate_planned<5>(ps, m, frames, use); break;
     default: generate_any(ps, m, frames, use); break;
   }
 }

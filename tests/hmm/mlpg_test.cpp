@@ -136,6 +136,69 @@ TEST(MlpgEdges, UnpaddedOneSidedWindowsStillFollowTheSteps) {
   }
 }
 
+TEST(MlpgEdges, ThreeTapWindowsOfEveryShape) {
+  // Windows within one frame either side, some one-sided, some with zero
+  // coefficients: every shift and band term is taken or skipped as in the
+  // plain steps, and the centred ones solve the least-squares system.
+  Windows mixed;
+  mixed.add(0, {1.0f});
+  mixed.add(0, {-1.0f, 1.0f});          // one-sided, offsets 0..1
+  mixed.add(-1, {1.0f, -1.0f});         // one-sided, offsets -1..0
+  mixed.add(-1, {0.0f, -1.0f, 1.0f});   // the same difference, centred
+  mixed.add(-1, {0.25f, 0.5f, 0.0f});   // zero on the right
+  for (int frames : {1, 2, 3, 40}) {
+    Stream s(mixed, 2, frames);
+    ASSERT_NE(s.ps, nullptr);
+    ASSERT_EQ(s.ps->width, 3);
+    hmm_test::fill_random(s, 800u + static_cast<uint32_t>(frames));
+    for (int m = 0; m < 2; ++m) {
+      std::vector<float> expected = stated_order_track(s.ps, m, s.track());
+      EXPECT_EQ(s.generate(m), expected) << frames << " frames, dimension " << m;
+    }
+  }
+}
+
+TEST(MlpgEdges, ManyWindowsOfThreeTaps) {
+  // Nine centred three-tap windows: more windows than the three-tap fast
+  // path keeps, still a band of width 3.
+  Windows many;
+  many.add(0, {1.0f});
+  for (int w = 1; w < 9; ++w)
+    many.add(-1, {0.1f * static_cast<float>(w), -0.3f, 0.05f * static_cast<float>(w)});
+  for (int frames : {1, 3, 60}) {
+    Stream s(many, 2, frames);
+    ASSERT_NE(s.ps, nullptr);
+    ASSERT_EQ(s.ps->width, 3);
+    hmm_test::fill_random(s, 900u + static_cast<uint32_t>(frames));
+    expect_matches_references(s, kSinglePrecision);
+  }
+}
+
+TEST(MlpgEdges, BandNarrowerThanTheWindowsDropsTheOuterEntries) {
+  // Five-tap windows solved in a band of width 3: the entries two frames
+  // apart are never formed. Not the least-squares track, but the stated
+  // arithmetic, and nothing written outside the rows.
+  Windows five;
+  five.add(0, {1.0f});
+  five.add(-2, {-0.2f, -0.1f, 0.0f, 0.1f, 0.2f});
+  for (int frames : {1, 4, 30}) {
+    PStream *ps = PStream_Create(2, five.left.data(), five.right.data(), five.pointers.data(),
+                                 2, 1, frames);
+    ASSERT_NE(ps, nullptr);
+    ASSERT_EQ(ps->width, 3);
+    for (int t = 0; t < frames; ++t) {
+      ps->mean[t][0] = static_cast<int16_t>(100 * t - 700);
+      ps->mean[t][1] = static_cast<int16_t>(30 - 3 * t);
+      ps->ivar[t][0] = static_cast<uint16_t>(5 + t % 7);
+      ps->ivar[t][1] = static_cast<uint16_t>(40 + t % 3);
+    }
+    std::vector<float> expected = stated_order_track(ps, 0, std::vector<float>(frames, 0.0f));
+    HTS_PStream_mlpg(ps, 0);
+    EXPECT_EQ(std::vector<float>(ps->par, ps->par + frames), expected) << frames << " frames";
+    PStream_Destroy(ps);
+  }
+}
+
 TEST(MlpgEdges, SingleFrameUsesOnlyTheCentreCoefficients) {
   Stream s(Windows::usual(), 1, 1);
   ASSERT_NE(s.ps, nullptr);
