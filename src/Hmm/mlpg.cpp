@@ -10,6 +10,12 @@
 // formed left to right (coefficient times coefficient before the pivot).
 // This file is compiled without floating-point contraction so that no
 // product-and-sum is fused into one rounding.
+//
+// Rows are built by whichever routine fits the windows, all giving the same
+// sums: three-tap windows in a band of width 3 (the usual static, delta and
+// acceleration set) by a routine written out for them (mlpg_tap3.h); other
+// windows from a precomputed list of their non-zero products, or, when the
+// list would not fit, straight from the windows (mlpg_rows.h).
 #include "hts_pstream.h"
 
 #include "Hmm/mlpg_plan.h"
@@ -165,9 +171,12 @@ void generate_fixed(PStream *ps, int frames, Build build) {
 
 template <int K>
 void generate_planned(PStream *ps, int m, int frames, const Plan *plan) {
-  generate_fixed<K>(ps, frames, [=](int t) { return utils_mlpg::build_row<K>(ps, plan, m, t, frames); });
+  generate_fixed<K>(ps, frames,
+                    [=](int t) { return utils_mlpg::build_row<K>(ps, plan, m, t, frames); });
 }
 
+// The first and last frames, where a shift leaves the utterance, are built
+// the general way.
 void generate_tap3(PStream *ps, int m, int frames, const utils_mlpg::Tap3Plan &plan) {
   generate_fixed<3>(ps, frames, [&](int t) {
     if (t == 0 || t == frames - 1) return utils_mlpg::build_row<3>(ps, nullptr, m, t, frames);
