@@ -85,6 +85,16 @@ TEST(Replace, WordBoundariesSeeTheTextBeforeTheSearchStart) {
   EXPECT_EQ(r.run("abab ab"), "<x src=\"ab\">[ab]</x>[ab ]<x src=\"ab\">[ab]</x>");
 }
 
+TEST(Replace, OnlyTextUnderTheGivenNodeIsRewritten) {
+  Replacer r("(\\d+)\t\"?0\"");
+  Doc doc("<?xml version=\"1.0\"?><speak><s>1</s><p>2</p></speak>");
+  HReplacer_replace(r.get(), find(doc.tree(), "p"));
+  EXPECT_EQ(doc.str(), "<s>[1]</s><p><x src=\"2\">[2]</x></p>");
+  // From the declaration node, everything in the document.
+  HReplacer_replace(r.get(), doc.tree());
+  EXPECT_EQ(doc.str(), "<s><x src=\"1\">[1]</x></s><p><x src=\"2\">[2]</x></p>");
+}
+
 TEST(Replace, NothingToDo) {
   Replacer r("(\\d+)\t\"?0\"");
   HReplacer_replace(r.get(), nullptr);
