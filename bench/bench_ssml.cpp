@@ -6,6 +6,7 @@
 #include <libxml/tree.h>
 #include <mxml.h>
 #include <stdio.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <string>
@@ -113,6 +114,70 @@ void BM_LibXml2_ReadMemory(benchmark::State &state) {
   count_document(state);
 }
 BENCHMARK(BM_LibXml2_ReadMemory)->Unit(benchmark::kMicrosecond);
+
+double thread_cpu_us() {
+  timespec t;
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+  return static_cast<double>(t.tv_sec) * 1e6 + static_cast<double>(t.tv_nsec) / 1e3;
+}
+
+// Rebuilds the shape of `from` under `to` with the model's calls alone: one
+// item per item and the same features, storing the very same values (no
+// text conversion, no string copies). This is what any loader must at least
+// pay the utterance model for the tree.
+void copy_shape(item *from, item *to) {
+  for (feature_pair *p = item_feats(from)->head; p; p = p->next) item_set(to, p->name, p->value);
+  item *last = nullptr;
+  for (item *d = item_daughter(from); d; d = item_next(d)) {
+    last = last ? item_append(last, nullptr) : item_add_daughter(to, nullptr);
+    copy_shape(d, last);
+  }
+}
+
+// The same steps in one loop, each timed on the thread's CPU clock, so that
+// the ratios hold even on a busy machine: Mini-XML parses and later releases
+// its tree (as utt_load_ssml has it do), our conversion runs in between, and
+// libxml2 parses the same bytes.
+void BM_LoadBreakdown(benchmark::State &state) {
+  const std::string &doc = document();
+  double parse = 0, convert = 0, libxml2 = 0, floor = 0;
+  utterance *model = new_utterance();
+  utt_load_ssml(model, doc.c_str());
+  item *model_root = relation_head(utt_relation(model, "ssml"));
+  for (auto _ : state) {
+    utterance *u = new_utterance();
+    double t0 = thread_cpu_us();
+    mxml_node_t *tree = mxmlLoadString(nullptr, doc.c_str(), MXML_OPAQUE_CALLBACK);
+    double t1 = thread_cpu_us();
+    utt_load_xml(u, tree);
+    double t2 = thread_cpu_us();
+    mxmlDelete(tree);
+    double t3 = thread_cpu_us();
+    xmlDocPtr parsed = xmlReadMemory(doc.data(), static_cast<int>(doc.size()), "bench.ssml", nullptr,
+                                     XML_PARSE_NONET);
+    xmlFreeDoc(parsed);
+    double t4 = thread_cpu_us();
+    delete_utterance(u);
+    utterance *shape = new_utterance();
+    double t5 = thread_cpu_us();
+    copy_shape(model_root, relation_append(utt_relation_create(shape, "ssml"), nullptr));
+    floor += thread_cpu_us() - t5;
+    delete_utterance(shape);
+    parse += (t1 - t0) + (t3 - t2);
+    convert += t2 - t1;
+    libxml2 += t4 - t3;
+  }
+  delete_utterance(model);
+  double n = static_cast<double>(state.iterations());
+  state.counters["model_floor_us"] = floor / n;
+  state.counters["minixml_us"] = parse / n;
+  state.counters["convert_us"] = convert / n;
+  state.counters["libxml2_us"] = libxml2 / n;
+  state.counters["convert_per_parse"] = convert / parse;
+  state.counters["load_per_libxml2"] = (parse + convert) / libxml2;
+  state.counters["minixml_per_libxml2"] = parse / libxml2;
+}
+BENCHMARK(BM_LoadBreakdown)->Unit(benchmark::kMicrosecond);
 
 std::string temp_path() {
   char name[] = "/tmp/bench_ssml_XXXXXX";
