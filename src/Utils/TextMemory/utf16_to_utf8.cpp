@@ -80,9 +80,12 @@ Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
   while (fast_room(s, end, d, dend)) {
     uint32_t v = s[0];
     if (v < 0x80) {
-      const size_t n = bsr::narrow_ascii_run(s, d);
-      s += n;
-      d += n;
+      if (bsr::narrow_ascii_block(s, d)) {
+        s += bsr::kAsciiBlock;
+        d += bsr::kAsciiBlock;
+      } else {
+        do *d++ = static_cast<Byte>(*s++); while (*s < 0x80);
+      }
     } else if (v < 0x800) {
       do {
         d = put_utf8(d, v, 2);
