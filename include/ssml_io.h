@@ -91,8 +91,10 @@ typedef item *(*AddTag_callback)(item *i, item *wrapper, void *user_data);
  *     the walk goes on after the element's subtree.
  *   - Any other element ends the run, and is entered when it is in
  *     `parent_list`, else skipped.
- * A callback may restructure the tree around the item it is handed; the walk
- * resumes at the item that followed it (or its subtree) before the call.
+ * A callback may add items before the item it is handed, move that item or
+ * delete it, but must leave the items after it and its ancestors in place:
+ * the walk resumes at the item that followed it (or its subtree) before the
+ * call, and keeps track of the ancestors it has entered.
  * Always returns 1; does nothing when `root` is null or has no daughters, or
  * when either callback is null. */
 UTILS_API int AddTag(item *root, const bsr_wchar *tag, const bsr_wchar *child_list,
