@@ -26,8 +26,6 @@ struct HConverter : textnorm::LocalObject {
   virtual void convert(mxml_node_t *node);
   virtual ~HConverter() = default;
 
-  size_t callbackCount() const { return callbacks_.size(); }
-
  private:
   struct NameLess {
     bool operator()(const char *a, const char *b) const { return std::strcmp(a, b) < 0; }

@@ -30,8 +30,6 @@ struct HReplacer : textnorm::LocalObject {
   virtual mxml_node_t *replaceText(const char *text);
   virtual ~HReplacer();
 
-  int ruleCount() const { return count_; }
-
  private:
   void applyAll(textnorm::TextQueue &queue) const;
 
