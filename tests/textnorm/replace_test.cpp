@@ -44,6 +44,12 @@ TEST(Replace, EmptyGroupsCountAsUnmatched) {
 TEST(Replace, EmptyMatchesDoNotStall) {
   Replacer r("\\d*\t\"|\"");
   EXPECT_EQ(r.run("ab"), "<x src=\"\">[|]</x>[a]<x src=\"\">[|]</x>[b]<x src=\"\">[|]</x>");
+  // An empty match found past the search start is taken once, not twice.
+  Replacer boundary("\\b\t\"|\"");
+  EXPECT_EQ(boundary.run("ab cd"),
+            "<x src=\"\">[|]</x>[ab]<x src=\"\">[|]</x>[ ]<x src=\"\">[|]</x>[cd]<x src=\"\">[|]</x>");
+  // A non-empty match and an empty one at its end are two matches.
+  EXPECT_EQ(r.run("12a"), "[12]<x src=\"\">[|]</x><x src=\"\">[|]</x>[a]<x src=\"\">[|]</x>");
   // The step over an empty match takes a whole UTF-8 character.
   Replacer any("(?:)\t\"|\"");
   EXPECT_EQ(any.run("\xC3\xA9"), "<x src=\"\">[|]</x>[\xC3\xA9]<x src=\"\">[|]</x>");

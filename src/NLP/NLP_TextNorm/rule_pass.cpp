@@ -84,11 +84,11 @@ bool rewriteNode(const ReplaceRule &rule, const QueuedText &entry, TextQueue &qu
     if (cut.start > kept) insertText(node, text, kept, cut.start, queue);
     insertElement(rule, node, text, cut, groups);
     kept = cut.end;
-    // An empty match with nothing captured does not move the resume point:
-    // step over one character so the search cannot stall.
-    if (cut.end == search) {
-      if (search == text.size()) break;
-      search += charLength(text, search);
+    // After an empty match the resume point is the match itself, and a new
+    // search from there would find it again: step over one character.
+    if (groups[0].empty()) {
+      if (cut.end >= text.size()) break;
+      search = cut.end + charLength(text, cut.end);
     } else {
       search = cut.end;
     }
