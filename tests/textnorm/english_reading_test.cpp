@@ -72,6 +72,7 @@ TEST_F(EnglishReading, MoneyAndPercentages) {
       {"They raised $3.5 million.", "$3.5 million=three point five million dollars"},
       {"Change: $0.99 or $0.01.", "$0.99=ninety-nine cents | $0.01=one cent"},
       {"Rent is \xC2\xA3" "1,200 a month.", "\xC2\xA3" "1,200=one thousand two hundred pounds"},
+      {"Lunch is 20 \xE2\x82\xAC" " or 1.50\xE2\x82\xAC" ".", "20 \xE2\x82\xAC" "=twenty euros | 1.50\xE2\x82\xAC" "=one euro and fifty cents"},
       {"Sales rose 15% and costs fell -2.5 %.", "15%=fifteen percent | -2.5 %=minus two point five percent"},
   };
   for (const Reading &r : table) EXPECT_EQ(read(r.sentence), r.expected) << r.sentence;
@@ -163,6 +164,7 @@ TEST_F(EnglishReading, MarkupAroundTextIsKept) {
 TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
   std::string out;
   EXPECT_FALSE(utts::readMoney("12", out));
+  EXPECT_FALSE(utts::readMoney("$12 dozen", out));
   EXPECT_FALSE(utts::readDate("2026/13/01", "ymd", out));
   EXPECT_FALSE(utts::readDate("1/2", "mdy", out));
   EXPECT_FALSE(utts::readTime("25:00", out));

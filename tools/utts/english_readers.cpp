@@ -187,22 +187,29 @@ const ReaderEntry kReaders[] = {
 const ReaderEntry *englishReaders() { return kReaders; }
 
 bool readMoney(const std::string &text, std::string &out) {
+  // The symbol stands before the amount ($5) or, as in much of Europe, after it (5 €).
   const Currency *currency = nullptr;
-  for (const Currency *c = kCurrencies; c->symbol != nullptr; ++c) {
-    if (text.compare(0, std::strlen(c->symbol), c->symbol) == 0) {
+  std::string rest;
+  for (const Currency *c = kCurrencies; c->symbol != nullptr && currency == nullptr; ++c) {
+    const size_t n = std::strlen(c->symbol);
+    if (text.compare(0, n, c->symbol) == 0) {
       currency = c;
-      break;
+      rest = trimmed(text.substr(n));
+    } else if (text.size() > n && text.compare(text.size() - n, n, c->symbol) == 0) {
+      currency = c;
+      rest = trimmed(text.substr(0, text.size() - n));
     }
   }
   if (currency == nullptr) return false;
-  std::string rest = trimmed(text.substr(std::strlen(currency->symbol)));
   size_t length = numberLength(rest);
   std::string number = rest.substr(0, length), scale = trimmed(rest.substr(length));
   std::string words;
   if (!scale.empty()) {
     // "$3.5 million": the scale word follows the number as written.
+    const std::string word = lowered(scale);
+    if (word != "thousand" && word != "million" && word != "billion" && word != "trillion") return false;
     if (!sayNumber(number.c_str(), words)) return false;
-    addWord(words, lowered(scale));
+    addWord(words, word);
     addWord(words, currency->majorPlural);
   } else {
     size_t point = number.find('.');
@@ -230,7 +237,6 @@ bool readMoney(const std::string &text, std::string &out) {
       }
     }
   }
-  if (text[0] == '-') words = "minus " + words;
   addWord(out, words);
   return true;
 }

@@ -12,7 +12,6 @@ const Currency kCurrencies[] = {
     {"\xE2\x82\xAC", "euro", "euros", "cent", "cents"},    // euro sign
     {"\xC2\xA3", "pound", "pounds", "penny", "pence"},     // pound sign
     {"\xC2\xA5", "yen", "yen", nullptr, nullptr},          // yen sign
-    {"-$", "dollar", "dollars", "cent", "cents"},
     {nullptr, nullptr, nullptr, nullptr, nullptr},
 };
 
