@@ -161,6 +161,41 @@ TEST_F(EnglishReading, MarkupAroundTextIsKept) {
             "<s>[Call ]<sub alias=\"me\">[1]</sub>[ at ]<sub alias=\"ten thirty\">[10:30]</sub>[.]</s></p>");
 }
 
+// True when `s` is well-formed UTF-8 (no split or stray sequences).
+bool isUtf8(const std::string &s) {
+  for (size_t i = 0; i < s.size();) {
+    unsigned char c = static_cast<unsigned char>(s[i]);
+    size_t n = c < 0x80 ? 1 : c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : c >= 0xC2 ? 2 : 0;
+    if (n == 0 || i + n > s.size()) return false;
+    for (size_t k = 1; k < n; ++k)
+      if ((static_cast<unsigned char>(s[i + k]) & 0xC0) != 0x80) return false;
+    i += n;
+  }
+  return true;
+}
+
+TEST(EnglishReaders, SayAsOnOddTextGivesWordsOrRefuses) {
+  const char *kinds[] = {"cardinal", "ordinal", "digits", "characters", "telephone", "date", "time"};
+  const char *texts[] = {"", " ", "-", "+", ".", ",", "1.2.3.4", "99999999999999999999999",
+                         "caf\xC3\xA9 \xE2\x82\xAC" "5", "12:99:99", "0/0/0", "--1", "1e9",
+                         "\xF0\x9F\x98\x80"};
+  for (const char *kind : kinds) {
+    for (const char *text : texts) {
+      CStr *out = CStrCreate(16);
+      if (utts::readSayAs(text, out, kind, nullptr, nullptr) == 0) {
+        EXPECT_TRUE(isUtf8(CStrStr(out))) << kind << ": " << text << " -> " << CStrStr(out);
+      }
+      CStrDestroy(out);
+    }
+  }
+  CStr *out = CStrCreate(16);
+  EXPECT_EQ(utts::readSayAs("caf\xC3\xA9", out, "characters", nullptr, nullptr), 0);
+  EXPECT_STREQ(CStrStr(out), "C A F \xC3\xA9");
+  EXPECT_NE(utts::readSayAs(nullptr, out, "digits", nullptr, nullptr), 0);
+  EXPECT_NE(utts::readSayAs("1", out, nullptr, nullptr, nullptr), 0);
+  CStrDestroy(out);
+}
+
 TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
   std::string out;
   EXPECT_FALSE(utts::readMoney("12", out));

@@ -333,10 +333,17 @@ bool readMeasure(const std::string &text, std::string &out) {
 
 bool readCharacters(const std::string &text, std::string &out) {
   bool any = false;
-  for (char c : text) {
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
     if (c == ' ' || c == '\t' || c == '\r' || c == '\n') continue;
     any = true;
-    if (isDigit(c)) {
+    if (static_cast<unsigned char>(c) >= 0x80) {
+      // A character outside ASCII is named by itself, all its bytes together.
+      size_t end = i + 1;
+      while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) ++end;
+      addWord(out, text.substr(i, end - i));
+      i = end - 1;
+    } else if (isDigit(c)) {
       sayDigits(std::string(1, c), out);
     } else if (isAlpha(c)) {
       addWord(out, std::string(1, static_cast<char>(c >= 'a' ? c - 'a' + 'A' : c)));
