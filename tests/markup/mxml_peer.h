@@ -28,7 +28,7 @@ struct MxmlPeer {
   decltype(&mxmlElementGetAttrCount) ElementGetAttrCount;
   decltype(&mxmlElementGetAttrByIndex) ElementGetAttrByIndex;
 
-  // Null when the shared library is not installed.
+  // Null when the shared library cannot be opened.
   static const MxmlPeer *get() {
     static const MxmlPeer *peer = open();
     return peer;
