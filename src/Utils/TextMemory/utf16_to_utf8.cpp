@@ -4,18 +4,21 @@
 #include "bsr_unicode.h"
 
 #include "Utils/TextMemory/ascii_run.h"
+#include "Utils/TextMemory/utf16_block.h"
 
 namespace {
 
 using Byte = unsigned char;
 
-// Room in the fast part: a whole ASCII block, or any one character (at most
-// two units in, four bytes out), fits without a bounds check.
-constexpr ptrdiff_t kFastRoom = static_cast<ptrdiff_t>(bsr::kAsciiBlock);
+// Room in the fast part: a whole block, ASCII or not, and any one character
+// (at most two units in, four bytes out) fit without a bounds check.
+constexpr ptrdiff_t kFastRead = static_cast<ptrdiff_t>(bsr::kAsciiBlock);
+constexpr ptrdiff_t kFastWrite = bsr::kUtf16BlockWrites;
+static_assert(kFastRead >= bsr::kUtf16BlockReads && kFastWrite >= kFastRead, "block room");
 
 inline bool fast_room(const bsr_wchar *s, const bsr_wchar *end, const Byte *d,
                       const Byte *dend) {
-  return end - s >= kFastRoom && dend - d >= kFastRoom;
+  return end - s >= kFastRead && dend - d >= kFastWrite;
 }
 
 inline bool is_high_surrogate(uint32_t u) { return u - 0xD800u < 0x400; }
@@ -74,6 +77,28 @@ Byte *convert_tail(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend
   return d;
 }
 
+#if UTILS_ASCII_RUN_SSE2
+
+// The bulk of the text, block by block: sixteen ASCII units at a time, or
+// eight units of anything. A block that the block encoder refuses holds an
+// unpaired surrogate, and convert_tail then stops exactly in front of it.
+Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
+  while (fast_room(s, end, d, dend)) {
+    if (bsr::narrow_ascii_block(s, d)) {
+      s += bsr::kAsciiBlock;
+      d += bsr::kAsciiBlock;
+      continue;
+    }
+    const bsr::Utf16BlockResult step = bsr::encode_utf16_block(s, d);
+    if (step.used == 0) break;
+    s += step.used;
+    d += step.bytes;
+  }
+  return convert_tail(s, end, d, dend);
+}
+
+#else
+
 // The bulk of the text: ASCII in blocks, and runs of two- or three-byte
 // characters in loops of their own. Leaves the last units to convert_tail.
 Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
@@ -106,6 +131,8 @@ Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
   }
   return convert_tail(s, end, d, dend);
 }
+
+#endif
 
 }  // namespace
 
