@@ -27,8 +27,6 @@ Bytes concat(const Bytes &a, const Bytes &b) {
   return out;
 }
 
-Units units(const std::u16string &s) { return Units(s.begin(), s.end()); }
-
 // Converts a counted source into a guarded buffer of `size` units.
 GuardedBuffer<bsr_wchar> to_utf16(const Bytes &src, uint32_t size) {
   GuardedBuffer<bsr_wchar> out(size);
