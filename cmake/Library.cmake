@@ -50,9 +50,12 @@ endforeach()
 add_library(Utils SHARED $<TARGET_OBJECTS:UtilsObjects>)
 target_include_directories(Utils PUBLIC ${CMAKE_SOURCE_DIR}/include)
 set_target_properties(Utils PROPERTIES LINK_DEPENDS ${CMAKE_BINARY_DIR}/libUtils.map)
-target_link_options(Utils PRIVATE
-  -Wl,--version-script=${CMAKE_BINARY_DIR}/libUtils.map
-  -Wl,--no-undefined)
+target_link_options(Utils PRIVATE -Wl,--version-script=${CMAKE_BINARY_DIR}/libUtils.map)
+# Every symbol the library needs must resolve at link time; clang's fuzzing
+# runtime, though, is linked into the harness, not into shared libraries.
+if(NOT UTILS_FUZZ)
+  target_link_options(Utils PRIVATE -Wl,--no-undefined)
+endif()
 target_link_libraries(Utils PRIVATE
   -Wl,--whole-archive ${MXML_STATIC_LIBRARY} -Wl,--no-whole-archive
   ${RE2_LIBRARY} Threads::Threads)
