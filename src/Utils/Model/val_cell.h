@@ -46,6 +46,21 @@ enum ValType : int16_t {
   kValFeatures = 25,
 };
 
+// A "wstring" atom whose string is carried in the same block, right after
+// the cell: zeroed room for `units` wide characters (the terminator
+// included), reached through the payload. One allocation instead of two;
+// releasing the atom frees both at once. Null when memory runs out.
+val *bsr_wstring_val_with_room(uint32_t units);
+
+// Gives back unused room of such an atom, keeping `units` characters; the
+// atom may move. Returns the atom (the old one when it cannot shrink).
+val *bsr_wstring_val_fit(val *v, uint32_t units);
+
+// True when `v`'s string is carried in its own block (see above).
+inline bool wstring_in_cell_block(const val *v) {
+  return v->c.atom.payload.p == static_cast<const void *>(v + 1);
+}
+
 // val_int and val_float as the library itself calls them (see val_read.cpp).
 int32_t bsr_val_int_of(const val *v);
 float bsr_val_float_of(const val *v);

@@ -75,3 +75,23 @@ UTILS_API const val *val_string_n(int32_t n) {
 }
 
 }  // extern "C"
+
+// Sizes that could overflow 32 bits are refused.
+val *bsr_wstring_val_with_room(uint32_t units) {
+  uint64_t bytes = sizeof(val) + static_cast<uint64_t>(units) * sizeof(bsr_wchar);
+  if (bytes > 0x7FFFFFF0u) return nullptr;
+  auto *v = static_cast<val *>(bsr_safe_alloc(static_cast<uint32_t>(bytes)));
+  if (v == nullptr) return nullptr;
+  v->c.atom.type = kValWstring;
+  v->c.atom.payload.p = v + 1;
+  return v;
+}
+
+val *bsr_wstring_val_fit(val *v, uint32_t units) {
+  uint64_t bytes = sizeof(val) + static_cast<uint64_t>(units) * sizeof(bsr_wchar);
+  if (v == nullptr || !wstring_in_cell_block(v) || bytes > 0x7FFFFFF0u) return v;
+  auto *fitted = static_cast<val *>(bsr_safe_realloc(v, static_cast<uint32_t>(bytes)));
+  if (fitted == nullptr) return v;
+  fitted->c.atom.payload.p = fitted + 1;
+  return fitted;
+}
