@@ -31,17 +31,42 @@ val *SharedValues::make(const char *utf8, size_t length, bool lead_blank) {
   return v;
 }
 
-// Measures and hashes (FNV-1a) in one pass, and only as far as a text may
-// be shared; a longer text is measured to its end for a fresh value.
-val *SharedValues::get(const char *utf8, bool lead_blank) {
-  uint32_t h = lead_blank ? 0x811C9DC5u ^ 0x20u : 0x811C9DC5u;
-  uint32_t n = 0;
-  for (; n <= kMaxKey && utf8[n] != 0; ++n) {
-    h ^= static_cast<unsigned char>(utf8[n]);
-    h *= 0x01000193u;
+namespace {
+
+// Reads 1 to 8 bytes as one little word; zero bytes pad a short text.
+uint64_t word_at(const char *s, uint32_t bytes) {
+  uint64_t word = 0;
+  memcpy(&word, s, bytes);
+  return word;
+}
+
+// A text of at most 31 bytes is folded into two words (its first and last
+// eight bytes, overlapping for short texts, plus a middle word for long
+// ones) and mixed with the 64-bit finalizer of MurmurHash3; the slot check
+// compares the whole key anyway.
+uint32_t hash_of(const char *s, uint32_t length, bool lead_blank) {
+  uint64_t h = (static_cast<uint64_t>(length) << 1 | (lead_blank ? 1u : 0u)) * 0x9E3779B97F4A7C15ull;
+  if (length >= 8) {
+    h ^= word_at(s, 8) ^ (word_at(s + length - 8, 8) * 0xC2B2AE3D27D4EB4Full);
+    if (length > 16) h += word_at(s + 8, 8) * 0x165667B19E3779F9ull;
+  } else if (length > 0) {
+    h ^= word_at(s, length);
   }
-  if (n > kMaxKey) return make(utf8, n + strlen(utf8 + n), lead_blank);
-  Slot &slot = slots_[h & (kSlots - 1)];
+  h ^= h >> 33;
+  h *= 0xFF51AFD7ED558CCDull;
+  h ^= h >> 33;
+  h *= 0xC4CEB9FE1A85EC53ull;
+  h ^= h >> 33;
+  return static_cast<uint32_t>(h);
+}
+
+}  // namespace
+
+val *SharedValues::get(const char *utf8, bool lead_blank) {
+  size_t length = strlen(utf8);
+  if (length > kMaxKey) return make(utf8, length, lead_blank);
+  uint32_t n = static_cast<uint32_t>(length);
+  Slot &slot = slots_[hash_of(utf8, n, lead_blank) & (kSlots - 1)];
   if (slot.value && slot.length == n && slot.lead_blank == lead_blank &&
       memcmp(slot.key, utf8, n) == 0 && slot.value->c.atom.ref_count < kMaxShares) {
     return slot.value;
