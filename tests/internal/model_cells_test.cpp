@@ -1,0 +1,114 @@
+// Value cells that share a block with what they describe: an item's entry in
+// its contents' relation table lives right after the item, and a wide-string
+// value may carry its text after the cell. Each is released exactly once.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "Utils/Model/item_contents.h"
+#include "Utils/Model/val_cell.h"
+#include "ssml_io.h"
+#include "utt_features.h"
+
+namespace {
+
+const val *entry_of(const item *i, const char *relname) {
+  return feat_val(i->contents->relations, relname);
+}
+
+// Without an utterance the items come from the local allocator, where a
+// wrong free of the carried cell would be caught by the sanitizers.
+TEST(ItemEntryCell, NamesItsItemAndGoesWithIt) {
+  relation *words = new_relation("Word", nullptr);
+  relation *syls = new_relation("Syllable", nullptr);
+  item *w = relation_append(words, nullptr);
+  item *s = relation_append(syls, w);
+  ASSERT_NE(s, nullptr);
+  const val *we = entry_of(w, "Word");
+  const val *se = entry_of(w, "Syllable");
+  EXPECT_EQ(val_item(we), w);
+  EXPECT_EQ(val_item(se), s);
+  EXPECT_EQ(we->c.atom.ref_count, 1);
+  EXPECT_EQ(item_as(s, "Word"), w);
+  // The entry is an ordinary counted value while its item lives.
+  features *other = new_features();
+  feat_set(other, "w", we);
+  EXPECT_EQ(we->c.atom.ref_count, 2);
+  delete_features(other);
+  EXPECT_EQ(we->c.atom.ref_count, 1);
+  delete_item(w);
+  EXPECT_EQ(item_as(s, "Word"), nullptr);
+  EXPECT_EQ(item_as(s, "Syllable"), s);
+  delete_relation(words);
+  delete_relation(syls);
+}
+
+// A value the caller made with item_val is still a cell of its own.
+TEST(ItemEntryCell, CallerMadeItemValuesAreFreedAsBefore) {
+  relation *r = new_relation("R", nullptr);
+  item *i = relation_append(r, nullptr);
+  features *f = new_features();
+  feat_set(f, "i", item_val(i));
+  EXPECT_EQ(val_item(feat_val(f, "i")), i);
+  delete_features(f);
+  delete_relation(r);
+}
+
+TEST(WstringWithRoom, HoldsItsTextAndIsReleasedOnce) {
+  val *v = bsr_wstring_val_with_room(6);
+  ASSERT_NE(v, nullptr);
+  EXPECT_EQ(v->c.atom.ref_count, 0);
+  EXPECT_TRUE(wstring_in_cell_block(v));
+  auto *text = static_cast<bsr_wchar *>(v->c.atom.payload.p);
+  EXPECT_EQ(text[0], 0);  // zeroed room
+  std::u16string hello = u"hello";
+  hello.copy(reinterpret_cast<char16_t *>(text), hello.size());
+  EXPECT_EQ(std::u16string(val_wstring(v)), u"hello");
+  features *a = new_features();
+  features *b = new_features();
+  feat_set(a, "x", v);
+  feat_set(b, "x", v);
+  delete_features(a);
+  EXPECT_EQ(std::u16string(feat_wstring(b, "x")), u"hello");
+  delete_features(b);  // frees cell and text together
+}
+
+TEST(WstringWithRoom, FittingKeepsTheTextAndMovesThePayload) {
+  val *v = bsr_wstring_val_with_room(1000);
+  ASSERT_NE(v, nullptr);
+  auto *text = static_cast<bsr_wchar *>(v->c.atom.payload.p);
+  text[0] = u'\x4E2D';
+  text[1] = u'!';
+  v = bsr_wstring_val_fit(v, 3);
+  EXPECT_TRUE(wstring_in_cell_block(v));
+  EXPECT_EQ(std::u16string(val_wstring(v)), u"\x4E2D!");
+  delete_val(v);
+  // Values of separately allocated strings are not touched by fitting.
+  val *w = wstring_val(u"abc");
+  EXPECT_FALSE(wstring_in_cell_block(w));
+  EXPECT_EQ(bsr_wstring_val_fit(w, 1), w);
+  EXPECT_EQ(std::u16string(val_wstring(w)), u"abc");
+  delete_val(w);
+}
+
+// Long texts outside ASCII get values whose room was shrunk after the
+// conversion; short repeated ones share one value.
+TEST(WstringWithRoom, LoadedTextsSurviveSharingAndFitting) {
+  std::string zh;
+  for (int k = 0; k < 20; ++k) zh += "\xE4\xB8\xAD";  // U+4E2D twenty times
+  std::string doc = "<speak><s>" + zh + "</s><s>ab</s><s>ab</s></speak>";
+  utterance *u = new_utterance();
+  ASSERT_EQ(utt_load_ssml(u, doc.c_str()), 1);
+  item *root = relation_head(utt_relation(u, "ssml"));
+  item *first = item_daughter(root);
+  EXPECT_EQ(std::u16string(item_feat_wstring(item_daughter(first), "text")),
+            std::u16string(20, u'\x4E2D'));
+  const val *ab1 = item_feat(item_daughter(item_next(first)), "text");
+  const val *ab2 = item_feat(item_daughter(item_next(item_next(first))), "text");
+  EXPECT_EQ(std::u16string(val_wstring(ab1)), u"ab");
+  EXPECT_EQ(ab1, ab2);
+  EXPECT_EQ(ab1->c.atom.ref_count, 2);
+  delete_utterance(u);
+}
+
+}  // namespace
