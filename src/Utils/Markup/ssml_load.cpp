@@ -21,8 +21,8 @@ NodeKind kind_of(mxml_node_t *node) {
     case MXML_ELEMENT: {
       const char *name = mxmlGetElement(node);
       if (!name || !name[0]) return NodeKind::kSkipped;
-      if (mxmlGetCDATA(node)) return NodeKind::kText;
-      return name[0] == '!' || name[0] == '?' ? NodeKind::kSkipped : NodeKind::kElement;
+      if (name[0] == '!') return mxmlGetCDATA(node) ? NodeKind::kText : NodeKind::kSkipped;
+      return name[0] == '?' ? NodeKind::kSkipped : NodeKind::kElement;
     }
     case MXML_OPAQUE:
     case MXML_TEXT:
@@ -57,10 +57,11 @@ void set_element(item *it, mxml_node_t *element, Converter &conv) {
 }
 
 void set_text(item *it, mxml_node_t *node, Converter &conv) {
-  if (const char *cdata = mxmlGetCDATA(node)) {
-    set_wide(it, SSML_TEXT_FEATURE, cdata, conv);
-  } else if (mxmlGetType(node) == MXML_OPAQUE) {
+  mxml_type_t type = mxmlGetType(node);
+  if (type == MXML_OPAQUE) {
     set_wide(it, SSML_TEXT_FEATURE, mxmlGetOpaque(node), conv);
+  } else if (type == MXML_ELEMENT) {  // a CDATA section (see kind_of)
+    set_wide(it, SSML_TEXT_FEATURE, mxmlGetCDATA(node), conv);
   } else {
     // A word of a tree loaded in text mode; its flag stands for the
     // white space before it.
