@@ -1,10 +1,10 @@
 // Fuzzes both Unicode converters with arbitrary input and target sizes: the
 // output must end inside the target, stop where strict rules say, and
 // round-trip back to the part of the input that was converted.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <vector>
 
 #include "bsr_unicode.h"
@@ -103,7 +103,8 @@ void fuzz_utf8_to_utf16(const uint8_t *src, size_t n, size_t size, bool zero_ter
   std::vector<char> back(n + 1 + kGuard, static_cast<char>(kMarker));
   bsr_UTF16ToUTF8(out.data(), static_cast<uint32_t>(want.units), back.data(),
                   static_cast<uint32_t>(n + 1));
-  check(std::memcmp(back.data(), text.data(), want.length) == 0);
+  check(std::equal(text.begin(), text.begin() + want.length,
+                   reinterpret_cast<const uint8_t *>(back.data())));
   check_terminated(back, want.length);
 }
 
@@ -126,7 +127,7 @@ void fuzz_utf16_to_utf8(const uint8_t *data, size_t n_bytes, size_t size, bool z
   std::vector<bsr_wchar> back(n + 1 + kGuard, kMarker);
   bsr_UTF8ToUTF16(out.data(), static_cast<uint32_t>(want.units), back.data(),
                   static_cast<uint32_t>(n + 1));
-  check(std::memcmp(back.data(), text.data(), want.length * sizeof(bsr_wchar)) == 0);
+  check(std::equal(text.begin(), text.begin() + want.length, back.begin()));
   check_terminated(back, want.length);
 }
 

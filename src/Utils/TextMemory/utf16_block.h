@@ -44,6 +44,40 @@ inline __m128i is(__m128i u, int mask, int value) {
   return _mm_cmpeq_epi16(_mm_and_si128(u, lanes(mask)), lanes(value));
 }
 
+// Where each lane's bytes go: the lengths of the lanes before it. Also
+// returns, in end, where each lane's bytes end.
+inline __m128i places(__m128i length, __m128i &end) {
+  end = length;
+  end = _mm_add_epi16(end, _mm_slli_si128(end, 2));
+  end = _mm_add_epi16(end, _mm_slli_si128(end, 4));
+  end = _mm_add_epi16(end, _mm_slli_si128(end, 8));
+  return _mm_sub_epi16(end, length);
+}
+
+// Eight units all below 0x800, of one or two bytes each. Each lane stores
+// two bytes; the second byte of a one-byte lane is overwritten by the next
+// lane, or after the last lane lies at the next free place.
+inline Utf16BlockResult encode_short_lanes(__m128i u, __m128i from_80, unsigned char *d) {
+  const __m128i length = _mm_sub_epi16(lanes(1), from_80);
+  const __m128i first = select(from_80, _mm_or_si128(_mm_srli_epi16(u, 6), lanes(0xC0)), u);
+  const __m128i second = _mm_or_si128(_mm_and_si128(u, lanes(0x3F)), lanes(0x80));
+  __m128i end;
+  alignas(16) uint16_t place[8];
+  alignas(16) uint16_t bytes[8];
+  _mm_store_si128(reinterpret_cast<__m128i *>(place), places(length, end));
+  _mm_store_si128(reinterpret_cast<__m128i *>(bytes),
+                  _mm_or_si128(first, _mm_slli_epi16(second, 8)));
+  std::memcpy(d + place[0], &bytes[0], 2);
+  std::memcpy(d + place[1], &bytes[1], 2);
+  std::memcpy(d + place[2], &bytes[2], 2);
+  std::memcpy(d + place[3], &bytes[3], 2);
+  std::memcpy(d + place[4], &bytes[4], 2);
+  std::memcpy(d + place[5], &bytes[5], 2);
+  std::memcpy(d + place[6], &bytes[6], 2);
+  std::memcpy(d + place[7], &bytes[7], 2);
+  return {8, static_cast<unsigned>(_mm_extract_epi16(end, 7))};
+}
+
 }  // namespace utf16_block
 
 // Inlined into the conversion loop, whose one call site it is.
@@ -51,6 +85,12 @@ __attribute__((always_inline)) inline Utf16BlockResult encode_utf16_block(const 
                                                                           unsigned char *d) {
   using namespace utf16_block;
   const __m128i u = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s));
+  // Encoded lengths: 1 below 0x80, 2 below 0x800, 3 above; each half of a
+  // surrogate pair takes two of the pair's four bytes.
+  const __m128i from_80 = _mm_xor_si128(is(u, 0xFF80, 0), lanes(-1));
+  const __m128i below_800 = is(u, 0xF800, 0);
+  if (lane_bits(below_800) == 0xFF) return encode_short_lanes(u, from_80, d);
+
   const __m128i high = is(u, 0xFC00, 0xD800);
   const __m128i low = is(u, 0xFC00, 0xDC00);
   // Every high surrogate must be followed by a low one and every low one
@@ -59,11 +99,7 @@ __attribute__((always_inline)) inline Utf16BlockResult encode_utf16_block(const 
   const unsigned high_bits = lane_bits(high), low_bits = lane_bits(low);
   if (low_bits != ((high_bits << 1) & 0xFF)) return {0, 0};
   const unsigned cut = high_bits >> 7;
-
-  // Encoded lengths: 1 below 0x80, 2 below 0x800, 3 above; each half of a
-  // surrogate pair takes two of the pair's four bytes.
-  const __m128i from_80 = _mm_xor_si128(is(u, 0xFF80, 0), lanes(-1));
-  const __m128i from_800 = _mm_xor_si128(is(u, 0xF800, 0), lanes(-1));
+  const __m128i from_800 = _mm_xor_si128(below_800, lanes(-1));
   const __m128i surrogate = _mm_or_si128(high, low);
   const __m128i length = _mm_add_epi16(
       _mm_sub_epi16(_mm_sub_epi16(lanes(1), from_80), from_800), surrogate);
@@ -89,14 +125,10 @@ __attribute__((always_inline)) inline Utf16BlockResult encode_utf16_block(const 
   second = select(low, last6, second);
   const __m128i first_two = _mm_or_si128(first, _mm_slli_epi16(second, 8));
 
-  // Where each lane's bytes go: the lengths of the lanes before it.
-  __m128i end = length;
-  end = _mm_add_epi16(end, _mm_slli_si128(end, 2));
-  end = _mm_add_epi16(end, _mm_slli_si128(end, 4));
-  end = _mm_add_epi16(end, _mm_slli_si128(end, 8));
+  __m128i end;
   alignas(16) uint16_t place[8];
   alignas(16) uint32_t bytes[8];
-  _mm_store_si128(reinterpret_cast<__m128i *>(place), _mm_sub_epi16(end, length));
+  _mm_store_si128(reinterpret_cast<__m128i *>(place), places(length, end));
   _mm_store_si128(reinterpret_cast<__m128i *>(bytes), _mm_unpacklo_epi16(first_two, last6));
   _mm_store_si128(reinterpret_cast<__m128i *>(bytes + 4), _mm_unpackhi_epi16(first_two, last6));
   // A waiting high surrogate in the last lane is not counted.

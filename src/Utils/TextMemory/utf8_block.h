@@ -85,6 +85,27 @@ inline void decode_short_lanes(__m128i x0, __m128i x1, uint16_t *out) {
   _mm_store_si128(reinterpret_cast<__m128i *>(out), unit);
 }
 
+// A three-byte value may be neither overlong (below 0x800) nor a surrogate:
+// its top five bits are neither 00000 nor 11011.
+inline __m128i bad_three_byte_value(__m128i three) {
+  const __m128i top = _mm_and_si128(three, lanes(0xF800));
+  return _mm_or_si128(_mm_cmpeq_epi16(top, _mm_setzero_si128()), _mm_cmpeq_epi16(top, lanes(0xD800)));
+}
+
+// Characters of one to three bytes (the Basic Multilingual Plane). Returns
+// the lanes whose value is not allowed: overlong or an encoded surrogate.
+inline __m128i decode_bmp_lanes(__m128i x0, __m128i x1, __m128i x2, uint16_t *out) {
+  // y holds the lead's payload followed by the first trailing byte's six bits.
+  const __m128i y = _mm_or_si128(_mm_slli_epi16(x0, 6), _mm_and_si128(x1, lanes(0x3F)));
+  const __m128i two = _mm_and_si128(y, lanes(0x7FF));
+  // Three bytes: the 16-bit shift drops what is left of the lead's marker.
+  const __m128i three = _mm_or_si128(_mm_slli_epi16(y, 6), _mm_and_si128(x2, lanes(0x3F)));
+  const __m128i from_e0 = _mm_cmpgt_epi16(x0, lanes(0xDF));
+  const __m128i unit = select(from_e0, three, select(_mm_cmpgt_epi16(x0, lanes(0xBF)), two, x0));
+  _mm_store_si128(reinterpret_cast<__m128i *>(out), unit);
+  return _mm_and_si128(from_e0, bad_three_byte_value(three));
+}
+
 // Any length. Returns the lanes whose value is not allowed: an overlong
 // three- or four-byte form, an encoded surrogate, a value past U+10FFFF.
 inline __m128i decode_any_lanes(__m128i x0, __m128i x1, __m128i x2, uint16_t *out) {
@@ -114,10 +135,7 @@ inline __m128i decode_any_lanes(__m128i x0, __m128i x1, __m128i x2, uint16_t *ou
   unit = select(from_f0, high, unit);
   _mm_store_si128(reinterpret_cast<__m128i *>(out), unit);
 
-  const __m128i top = _mm_and_si128(three, lanes(0xF800));
-  const __m128i bad3 = _mm_andnot_si128(
-      from_f0, _mm_and_si128(from_e0, _mm_or_si128(_mm_cmpeq_epi16(top, _mm_setzero_si128()),
-                                                   _mm_cmpeq_epi16(top, lanes(0xD800)))));
+  const __m128i bad3 = _mm_andnot_si128(from_f0, _mm_and_si128(from_e0, bad_three_byte_value(three)));
   const __m128i bad4 = _mm_and_si128(
       from_f0, _mm_or_si128(_mm_cmplt_epi16(q, lanes(0x40)), _mm_cmpgt_epi16(q, lanes(0x43F))));
   return _mm_or_si128(bad3, bad4);
@@ -152,7 +170,7 @@ __attribute__((always_inline)) inline Utf8BlockResult decode_utf8_block(const un
                              (lead4 << 2) | (lead4 << 3);
   if (trailing != (announced & 0xFFFFu)) return {0, 0};
   const unsigned cut = (lead2 & 0x8000u) | (lead3 & 0xC000u) | (lead4 & 0xE000u);
-  const unsigned used = cut != 0 ? static_cast<unsigned>(__builtin_ctz(cut)) : 16;
+  const unsigned used = static_cast<unsigned>(__builtin_ctz(cut | 0x10000u));  // 16 if none
   const unsigned within = (1u << used) - 1;
 
   const __m128i zero = _mm_setzero_si128();
@@ -162,10 +180,17 @@ __attribute__((always_inline)) inline Utf8BlockResult decode_utf8_block(const un
     decode_short_lanes(_mm_unpackhi_epi8(b0, zero), _mm_unpackhi_epi8(b1, zero), unit + 8);
   } else {
     const __m128i b2 = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s + 2));
-    const __m128i bad_lo = decode_any_lanes(_mm_unpacklo_epi8(b0, zero), _mm_unpacklo_epi8(b1, zero),
-                                            _mm_unpacklo_epi8(b2, zero), unit);
-    const __m128i bad_hi = decode_any_lanes(_mm_unpackhi_epi8(b0, zero), _mm_unpackhi_epi8(b1, zero),
-                                            _mm_unpackhi_epi8(b2, zero), unit + 8);
+    const __m128i x0_lo = _mm_unpacklo_epi8(b0, zero), x0_hi = _mm_unpackhi_epi8(b0, zero);
+    const __m128i x1_lo = _mm_unpacklo_epi8(b1, zero), x1_hi = _mm_unpackhi_epi8(b1, zero);
+    const __m128i x2_lo = _mm_unpacklo_epi8(b2, zero), x2_hi = _mm_unpackhi_epi8(b2, zero);
+    __m128i bad_lo, bad_hi;
+    if (lead4 == 0) {
+      bad_lo = decode_bmp_lanes(x0_lo, x1_lo, x2_lo, unit);
+      bad_hi = decode_bmp_lanes(x0_hi, x1_hi, x2_hi, unit + 8);
+    } else {
+      bad_lo = decode_any_lanes(x0_lo, x1_lo, x2_lo, unit);
+      bad_hi = decode_any_lanes(x0_hi, x1_hi, x2_hi, unit + 8);
+    }
     if ((mask_of(_mm_packs_epi16(bad_lo, bad_hi)) & within) != 0) return {0, 0};
   }
 

@@ -3,11 +3,10 @@
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 
-#include <cstring>
-
 #include "Utils/TextMemory/ascii_run.h"
 #include "Utils/TextMemory/utf8_block.h"
 #include "Utils/TextMemory/utf8_sequence.h"
+#include "Utils/TextMemory/utf8_three_byte_run.h"
 
 namespace {
 
@@ -60,52 +59,6 @@ bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d,
 
 #if UTILS_ASCII_RUN_SSE2
 
-// Four three-byte leads in a row: Chinese or Japanese text, where one
-// character per step beats decoding blocks of which two thirds are dropped.
-inline bool starts_three_byte_run(const Byte *s) {
-  return ((s[0] & s[3] & s[6] & s[9]) & 0xF0) == 0xE0 && ((s[0] | s[3] | s[6] | s[9]) & 0x10) == 0;
-}
-
-inline uint64_t load_le64(const Byte *s) {
-  uint64_t w;
-  std::memcpy(&w, s, sizeof w);
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
-  w = __builtin_bswap64(w);
-#endif
-  return w;
-}
-
-// The value of the three-byte form in the low 24 bits of w (first byte
-// lowest), which the caller has checked to read 1110xxxx 10xxxxxx 10xxxxxx.
-inline uint32_t three_byte_value(uint64_t w) {
-  return static_cast<uint32_t>((w & 0x0F) << 12 | (w & 0x3F00) >> 2 | (w >> 16 & 0x3F));
-}
-
-// A three-byte value must be neither overlong (below 0x800) nor a
-// surrogate: its top five bits are neither 00000 nor 11011.
-constexpr uint32_t kBadThreeByteTop = (1u << 0x00) | (1u << 0x1B);
-
-// Converts three-byte characters two at a time while they last, checking
-// both leads and all four trailing bytes with one mask. Leaves anything
-// else, an ill-formed pair included, to the block decoder. Returns whether
-// it converted anything.
-bool convert_three_byte_run(const Byte *&s, const Byte *end, bsr_wchar *&d, bsr_wchar *dend) {
-  const Byte *const start = s;
-  ptrdiff_t pairs = (end - s - 2) / 6;  // each step reads eight bytes
-  if ((dend - d) / 2 < pairs) pairs = (dend - d) / 2;
-  for (; pairs > 0; --pairs) {
-    const uint64_t w = load_le64(s);
-    if ((w & 0xC0C0F0C0C0F0ull) != 0x8080E08080E0ull) break;
-    const uint32_t first = three_byte_value(w), second = three_byte_value(w >> 24);
-    if (((kBadThreeByteTop >> (first >> 11)) | (kBadThreeByteTop >> (second >> 11))) & 1) break;
-    d[0] = static_cast<bsr_wchar>(first);
-    d[1] = static_cast<bsr_wchar>(second);
-    d += 2;
-    s += 6;
-  }
-  return s != start;
-}
-
 // The bulk of the text, block by block: sixteen ASCII bytes at a time, or
 // whatever whole characters sixteen bytes hold. A block that the block
 // decoder refuses holds an ill-formed sequence, and convert_tail then stops
@@ -117,7 +70,7 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
       d += bsr::kAsciiBlock;
       continue;
     }
-    if (starts_three_byte_run(s) && convert_three_byte_run(s, end, d, dend)) continue;
+    if (bsr::starts_three_byte_run(s) && bsr::convert_three_byte_run(s, end, d, dend)) continue;
     const bsr::Utf8BlockResult step = bsr::decode_utf8_block(s, d);
     if (step.used == 0) break;
     s += step.used;
@@ -149,6 +102,7 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
         s += 2;
       } while (fast_room(s, end, d, dend) && (s[0] & 0xE0) == 0xC0);
     } else if (c < 0xF0) {
+      if (bsr::starts_three_byte_run(s) && bsr::convert_three_byte_run(s, end, d, dend)) continue;
       do {
         const uint32_t v = bsr::utf8_decode3(s[0], s[1], s[2]);
         if (v == kIllFormed) return d;
