@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "Utils/TextMemory/ascii_run.h"
+#include "Utils/TextMemory/ascii_block.h"
 
 namespace bsr {
 
@@ -25,7 +25,7 @@ struct Utf16BlockResult {
 constexpr ptrdiff_t kUtf16BlockReads = 8;
 constexpr ptrdiff_t kUtf16BlockWrites = 28;
 
-#if UTILS_ASCII_RUN_SSE2
+#if UTILS_TEXT_SSE2
 
 namespace utf16_block {
 

@@ -3,7 +3,7 @@
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 
-#include "Utils/TextMemory/ascii_run.h"
+#include "Utils/TextMemory/ascii_block.h"
 #include "Utils/TextMemory/utf16_block.h"
 
 namespace {
@@ -77,7 +77,7 @@ Byte *convert_tail(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend
   return d;
 }
 
-#if UTILS_ASCII_RUN_SSE2
+#if UTILS_TEXT_SSE2
 
 // The bulk of the text, block by block: sixteen ASCII units at a time, or
 // eight units of anything. A block that the block encoder refuses holds an

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "Utils/TextMemory/ascii_run.h"
+#include "Utils/TextMemory/ascii_block.h"
 
 namespace bsr {
 
@@ -23,7 +23,7 @@ struct Utf8BlockResult {
 constexpr ptrdiff_t kUtf8BlockReads = 18;
 constexpr ptrdiff_t kUtf8BlockWrites = 16;
 
-#if UTILS_ASCII_RUN_SSE2
+#if UTILS_TEXT_SSE2
 
 namespace utf8_block {
 

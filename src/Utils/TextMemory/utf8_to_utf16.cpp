@@ -3,7 +3,7 @@
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 
-#include "Utils/TextMemory/ascii_run.h"
+#include "Utils/TextMemory/ascii_block.h"
 #include "Utils/TextMemory/utf8_block.h"
 #include "Utils/TextMemory/utf8_sequence.h"
 #include "Utils/TextMemory/utf8_three_byte_run.h"
@@ -57,7 +57,7 @@ bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d,
   return d;
 }
 
-#if UTILS_ASCII_RUN_SSE2
+#if UTILS_TEXT_SSE2
 
 // The bulk of the text, block by block: sixteen ASCII bytes at a time, or
 // whatever whole characters sixteen bytes hold. A block that the block

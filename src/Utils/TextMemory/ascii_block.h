@@ -1,7 +1,7 @@
 // Moves blocks of sixteen ASCII units between bytes and 16-bit units in one
 // step, for the fast paths of the UTF-8 <-> UTF-16 converters.
-#ifndef UTILS_ASCII_RUN_H
-#define UTILS_ASCII_RUN_H
+#ifndef UTILS_ASCII_BLOCK_H
+#define UTILS_ASCII_BLOCK_H
 
 #include <cstddef>
 #include <cstdint>
@@ -10,9 +10,9 @@
 #include "utils_types.h"
 
 // UTILS_TEXT_PORTABLE builds the plain C++ paths on x86 too, to test them.
-#if (defined(__SSE2__) || defined(_M_X64)) && !defined(UTILS_TEXT_PORTABLE)
+#if defined(__SSE2__) && !defined(UTILS_TEXT_PORTABLE)
 #include <emmintrin.h>
-#define UTILS_ASCII_RUN_SSE2 1
+#define UTILS_TEXT_SSE2 1
 #endif
 
 namespace bsr {
@@ -22,7 +22,7 @@ namespace bsr {
 // they write nothing and return false. The caller guarantees the room.
 constexpr size_t kAsciiBlock = 16;
 
-#if UTILS_ASCII_RUN_SSE2
+#if UTILS_TEXT_SSE2
 
 inline bool widen_ascii_block(const unsigned char *s, bsr_wchar *d) {
   const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s));
@@ -66,4 +66,4 @@ inline bool narrow_ascii_block(const bsr_wchar *s, unsigned char *d) {
 
 }  // namespace bsr
 
-#endif  // UTILS_ASCII_RUN_H
+#endif  // UTILS_ASCII_BLOCK_H
