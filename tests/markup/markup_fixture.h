@@ -1,10 +1,11 @@
 /* markup_fixture.h - shared helpers of the markup tests: an owned utterance,
- * a compact printed form of a markup tree, and saving to a string. */
+ * a compact printed form of our markup trees and of Mini-XML trees, saving
+ * to a string, and the system's Mini-XML opened at run time. */
 #ifndef TESTS_MARKUP_MARKUP_FIXTURE_H
 #define TESTS_MARKUP_MARKUP_FIXTURE_H
 
-#include <stdio.h>
-#include <string.h>
+#include <dlfcn.h>
+#include <mxml.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -13,89 +14,75 @@
 
 #include "bsr_unicode.h"
 #include "ssml_io.h"
-#include "utterance.h"
 #include "utt_walk.h"
 
 namespace markup_test {
 
 inline std::string utf8(const bsr_wchar *s) {
-  if (!s) return "(null)";
-  std::u16string w(s);
-  std::string out(w.size() * 4 + 4, '\0');
-  bsr_UTF16ToUTF8(s, static_cast<uint32_t>(w.size()), &out[0], static_cast<uint32_t>(out.size()));
-  out.resize(strlen(out.c_str()));
-  return out;
+  std::string out(s ? std::u16string(s).size() * 4 + 4 : 1, '\0');
+  if (s) bsr_UTF16ToUTF8(s, static_cast<uint32_t>(std::u16string(s).size()), &out[0], static_cast<uint32_t>(out.size()));
+  return out.c_str();
 }
 
 inline std::string read_file(const std::string &path) {
-  std::ifstream in(path, std::ios::binary);
   std::stringstream buf;
-  buf << in.rdbuf();
+  buf << std::ifstream(path, std::ios::binary).rdbuf();
   return buf.str();
 }
 
-// A temporary file path, removed when the object goes.
-class TempPath {
- public:
-  TempPath() {
-    char name[] = "/tmp/markup_test_XXXXXX";
-    int fd = mkstemp(name);
-    if (fd >= 0) close(fd);
-    path_ = name;
-  }
-  ~TempPath() { unlink(path_.c_str()); }
-  const char *c_str() const { return path_.c_str(); }
-
- private:
-  std::string path_;
-};
-
-// One item and its subtree as text: an element is tag[attr=value,...]
-// followed by (daughters, ...) when it has any; a text item is its text in
-// quotes. Attributes come in feature-list order.
+// Element: tag[attr=value,...](daughters,...); text: its text in quotes.
+// Attributes in feature-list order, the tag left out.
 inline std::string describe(const item *i) {
   if (!i) return "(none)";
-  std::string out;
   if (!item_feat_present(i, "tag")) return "\"" + utf8(item_feat_wstring(i, "text")) + "\"";
-  out += utf8(item_feat_wstring(i, "tag"));
-  std::string attrs;
+  std::string out = utf8(item_feat_wstring(i, "tag")), attrs;
   for (feature_pair *p = item_feats(i)->head; p; p = p->next) {
-    if (std::string(p->name) == "tag") continue;
-    if (!attrs.empty()) attrs += ",";
-    attrs += std::string(p->name) + "=" + utf8(val_wstring(p->value));
+    if (std::string(p->name) != "tag") attrs += (attrs.empty() ? "" : ",") + std::string(p->name) + "=" + utf8(val_wstring(p->value));
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
-  if (item_daughter(i)) {
-    out += "(";
-    for (const item *d = item_daughter(i); d; d = item_next(d)) {
-      if (d != item_daughter(i)) out += ",";
-      out += describe(d);
-    }
-    out += ")";
+  for (const item *d = item_daughter(i); d; d = item_next(d)) out += (d == item_daughter(i) ? "(" : ",") + describe(d);
+  return item_daughter(i) ? out + ")" : out;
+}
+
+// The system's shared Mini-XML, the same version as the copy inside
+// libUtils (which exports only mxmlRelease), for building and reading trees.
+template <typename F>
+F mxml_fn(const char *name) {
+  static void *lib = dlopen("libmxml.so.1", RTLD_NOW | RTLD_LOCAL);
+  return lib ? reinterpret_cast<F>(dlsym(lib, name)) : nullptr;
+}
+#define MX(fn) markup_test::mxml_fn<decltype(&fn)>(#fn)
+
+// A Mini-XML node in the form of describe().
+inline std::string describe(mxml_node_t *node) {
+  if (MX(mxmlGetType)(node) == MXML_OPAQUE) return "\"" + std::string(MX(mxmlGetOpaque)(node)) + "\"";
+  std::string out = MX(mxmlGetElement)(node), attrs;
+  for (int k = 0; k < MX(mxmlElementGetAttrCount)(node); ++k) {
+    const char *name = nullptr;
+    const char *value = MX(mxmlElementGetAttrByIndex)(node, k, &name);
+    attrs += (k ? "," : "") + std::string(name) + "=" + value;
   }
-  return out;
+  if (!attrs.empty()) out += "[" + attrs + "]";
+  mxml_node_t *first = MX(mxmlGetFirstChild)(node);
+  for (mxml_node_t *c = first; c; c = MX(mxmlGetNextSibling)(c)) out += (c == first ? "(" : ",") + describe(c);
+  return first ? out + ")" : out;
 }
 
 // An utterance owned by the test.
-class Utt {
- public:
-  Utt() : u_(new_utterance()) {}
-  ~Utt() { delete_utterance(u_); }
+struct Utt {
+  utterance *u = new_utterance();
+  Utt() = default;
   Utt(const Utt &) = delete;
-  Utt &operator=(const Utt &) = delete;
-
-  utterance *get() const { return u_; }
-  int load(const std::string &ssml) { return utt_load_ssml(u_, ssml.c_str()); }
-  item *root() const { return relation_head(utt_relation(u_, "ssml")); }
+  ~Utt() { delete_utterance(u); }
+  int load(const std::string &ssml) { return utt_load_ssml(u, ssml.c_str()); }
+  item *root() const { return relation_head(utt_relation(u, "ssml")); }
   std::string tree() const { return describe(root()); }
   std::string save() const {
-    TempPath path;
-    if (utt_save_ssml(u_, path.c_str()) != 0) return "(save failed)";
-    return read_file(path.c_str());
+    std::string path = "/tmp/markup_test_" + std::to_string(getpid()) + ".ssml";
+    std::string out = utt_save_ssml(u, path.c_str()) == 0 ? read_file(path) : "(save failed)";
+    unlink(path.c_str());
+    return out;
   }
-
- private:
-  utterance *u_;
 };
 
 // First item below `top` (document order) whose tag is `tag`.

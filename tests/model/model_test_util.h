@@ -1,5 +1,5 @@
 // Helpers shared by the utterance-model tests: capturing what a print
-// function writes, and comparing wide strings.
+// function writes, and reading wide strings.
 #ifndef TESTS_MODEL_TEST_UTIL_H
 #define TESTS_MODEL_TEST_UTIL_H
 
@@ -20,6 +20,10 @@ std::string printed(Fn fn) {
   std::string out(buf, size);
   std::free(buf);
   return out;
+}
+
+inline std::string printed_val(const val *v) {
+  return printed([&](FILE *o) { val_print(o, v); });
 }
 
 inline std::u16string wide(const bsr_wchar *s) { return s ? std::u16string(s) : u"<null>"; }
