@@ -1,0 +1,64 @@
+// Helpers of the text normalisation tests: SSML texts parsed into Mini-XML
+// trees, trees printed back exactly, and replacers loaded from rule-set text.
+#ifndef TESTS_TEXTNORM_TEXTNORM_FIXTURE_H
+#define TESTS_TEXTNORM_TEXTNORM_FIXTURE_H
+
+#include <mxml.h>
+
+#include <string>
+
+#include "hreplacer.h"
+
+namespace textnorm_test {
+
+// The children of `node`: elements as <name a="v">...</name> with attributes
+// in stored order, text as [text] so that node boundaries show.
+inline std::string show(mxml_node_t *node) {
+  std::string out;
+  for (mxml_node_t *child = mxmlGetFirstChild(node); child; child = mxmlGetNextSibling(child)) {
+    if (mxmlGetType(child) == MXML_OPAQUE) out += "[" + std::string(mxmlGetOpaque(child)) + "]";
+    if (mxmlGetType(child) != MXML_ELEMENT) continue;
+    out += "<" + std::string(mxmlGetElement(child));
+    for (int i = 0; i < mxmlElementGetAttrCount(child); ++i) {
+      const char *name = nullptr, *value = mxmlElementGetAttrByIndex(child, i, &name);
+      out += " " + std::string(name) + "=\"" + value + "\"";
+    }
+    out += ">" + show(child) + "</" + mxmlGetElement(child) + ">";
+  }
+  return out;
+}
+
+// The first element named `name`, depth first, the root included.
+inline mxml_node_t *find(mxml_node_t *tree, const char *name) {
+  if (tree && mxmlGetType(tree) == MXML_ELEMENT && std::string(mxmlGetElement(tree)) == name) return tree;
+  return mxmlFindElement(tree, tree, name, nullptr, nullptr, MXML_DESCEND);
+}
+
+// A document parsed with every text run kept whole, owned for one test.
+struct Doc {
+  mxml_node_t *tree;
+  explicit Doc(const std::string &xml) : tree(mxmlLoadString(nullptr, xml.c_str(), MXML_OPAQUE_CALLBACK)) {}
+  ~Doc() { if (tree) mxmlDelete(tree); }
+  Doc(const Doc &) = delete;
+  mxml_node_t *speak() const { return find(tree, "speak"); }
+  std::string str() const { return show(speak()); }
+};
+
+struct Replacer {
+  HReplacer *r = HReplacer_create();
+  int rejected;
+  explicit Replacer(const std::string &rules = "") : rejected(load(rules)) {}
+  ~Replacer() { HReplacer_delete(r); }
+  Replacer(const Replacer &) = delete;
+  int load(const std::string &rules) { return HReplacer_addRuleSet(r, rules.data(), static_cast<int>(rules.size())); }
+  // The children of <speak> after running the rules over `body`.
+  std::string run(const std::string &body) const {
+    Doc doc("<speak>" + body + "</speak>");
+    HReplacer_replace(r, doc.tree);
+    return doc.str();
+  }
+};
+
+}  // namespace textnorm_test
+
+#endif
