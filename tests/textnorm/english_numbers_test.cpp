@@ -18,6 +18,8 @@ TEST(EnglishNumbers, Readings) {
       {card, "000", "zero"}, {card, "13", "thirteen"}, {card, "42", "forty-two"},
       {card, "101", "one hundred one"}, {card, "007", "seven"}, {card, "1001", "one thousand one"},
       {card, "100000", "one hundred thousand"}, {card, "2000300", "two million three hundred"},
+      {card, "0", "zero"}, {card, "20", "twenty"}, {card, "999", "nine hundred ninety-nine"},
+      {card, "1000000", "one million"}, {card, "1000001", "one million one"},
       {card, "999999999999999",
        "nine hundred ninety-nine trillion nine hundred ninety-nine billion nine hundred ninety-nine "
        "million nine hundred ninety-nine thousand nine hundred ninety-nine"},
@@ -25,14 +27,16 @@ TEST(EnglishNumbers, Readings) {
       {card, "", nullptr}, {card, "12a", nullptr}, {card, "-1", nullptr},
       {ord, "1", "first"}, {ord, "3", "third"}, {ord, "5", "fifth"}, {ord, "8", "eighth"},
       {ord, "9", "ninth"}, {ord, "12", "twelfth"}, {ord, "20", "twentieth"}, {ord, "42", "forty-second"},
+      {ord, "11", "eleventh"}, {ord, "21", "twenty-first"}, {ord, "99", "ninety-ninth"},
       {ord, "103", "one hundred third"}, {ord, "1000000", "one millionth"}, {ord, "0", "zeroth"},
       {year, "1066", "ten sixty-six"}, {year, "1100", "eleven hundred"}, {year, "1905", "nineteen oh five"},
       {year, "2000", "two thousand"}, {year, "2005", "two thousand five"}, {year, "2010", "twenty ten"},
       {year, "2100", "twenty-one hundred"}, {year, "3000", "three thousand"}, {year, "00", "oh oh"},
+      {year, "1900", "nineteen hundred"}, {year, "1999", "nineteen ninety-nine"}, {year, "05", "oh five"},
       {year, "99", "ninety-nine"}, {year, "476", "four hundred seventy-six"}, {year, "x", nullptr},
       {utts::sayDigits, "4-0 1", "four zero one"}, {utts::sayDigits, "--", nullptr},
       {sayWritten, "-0.05", "minus zero point zero five"}, {sayWritten, ".5", "zero point five"},
-      {sayWritten, "many", nullptr},
+      {sayWritten, "many", nullptr}, {sayWritten, "", nullptr},
   };
   for (const auto &c : cases) {
     std::string out;
