@@ -1,47 +1,50 @@
-// A target buffer for the conversion tests that is pre-filled with a marker
-// and followed by guard units, so that stray writes show up.
+// A target buffer for the conversion tests, followed by guard units so that
+// stray writes show up, and checked conversions into it.
 #ifndef TESTS_TEXT_UNICODE_GUARD_H
 #define TESTS_TEXT_UNICODE_GUARD_H
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
+#include <algorithm>
 #include <cstdint>
+#include <string>
 #include <vector>
 
+#include "bsr_unicode.h"
+
 template <typename Unit>
-class GuardedBuffer {
- public:
-  static constexpr size_t kGuard = 24;
-  static constexpr Unit kMarker = static_cast<Unit>(0xA5A5);
-
-  explicit GuardedBuffer(size_t size) : size_(size), units_(size + kGuard, kMarker) {}
-
-  Unit *data() { return units_.data(); }
-  uint32_t size() const { return static_cast<uint32_t>(size_); }
-  const Unit &operator[](size_t i) const { return units_[i]; }
-
-  // The buffer holds exactly `expected`, then a terminator, and every unit
-  // after the terminator, guard included, is still the marker.
-  void expect_text(const std::vector<Unit> &expected) const {
-    ASSERT_LT(expected.size(), size_) << "expected text cannot fit";
-    for (size_t i = 0; i < expected.size(); ++i)
-      ASSERT_EQ(static_cast<uint32_t>(units_[i]), static_cast<uint32_t>(expected[i]))
-          << "unit " << i;
-    ASSERT_EQ(units_[expected.size()], Unit(0)) << "no terminator after the text";
-    for (size_t i = expected.size() + 1; i < units_.size(); ++i)
-      ASSERT_EQ(units_[i], kMarker) << "written behind the terminator at " << i
-                                    << " (buffer size " << size_ << ")";
+struct Target {
+  static constexpr Unit kMark = static_cast<Unit>(0xA5A5);
+  explicit Target(size_t n) : size(n), buf(n + 24, kMark) {}
+  Unit *data() { return buf.data(); }
+  // `ret` is dst, which holds exactly `want` and a terminator; nothing
+  // behind it was written.
+  ::testing::AssertionResult holds(const std::basic_string<Unit> &want, const Unit *ret) const {
+    const std::basic_string<Unit> got(buf.data(), std::min(want.size(), size));
+    if (ret != buf.data()) return ::testing::AssertionFailure() << "did not return dst";
+    if (want.size() >= size || got != want || buf[want.size()] != 0)
+      return ::testing::AssertionFailure() << "size " << size << ", want " << ::testing::PrintToString(want)
+                                           << ", got " << ::testing::PrintToString(std::basic_string<Unit>(buf.data(), size));
+    for (size_t i = want.size() + 1; i < buf.size(); ++i)
+      if (buf[i] != kMark) return ::testing::AssertionFailure() << "written behind the terminator at " << i << ", size " << size;
+    return ::testing::AssertionSuccess();
   }
-
-  // Nothing at all was written.
-  void expect_untouched() const {
-    for (size_t i = 0; i < units_.size(); ++i) ASSERT_EQ(units_[i], kMarker) << "unit " << i;
-  }
-
- private:
-  size_t size_;
-  std::vector<Unit> units_;
+  size_t size;
+  std::vector<Unit> buf;
 };
+
+constexpr uint32_t kWhole = 0xFFFFFFFE;  // counted source, all of it
+
+inline ::testing::AssertionResult to16(const std::string &src, uint32_t size, const std::u16string &want,
+                                       uint32_t len = kWhole) {
+  Target<bsr_wchar> t(size);
+  return t.holds(want, bsr_UTF8ToUTF16(src.c_str(), len == kWhole ? uint32_t(src.size()) : len, t.data(), size));
+}
+
+inline ::testing::AssertionResult to8(const std::u16string &src, uint32_t size, const std::string &want,
+                                      uint32_t len = kWhole) {
+  Target<char> t(size);
+  return t.holds(want, bsr_UTF16ToUTF8(src.c_str(), len == kWhole ? uint32_t(src.size()) : len, t.data(), size));
+}
 
 #endif  // TESTS_TEXT_UNICODE_GUARD_H
