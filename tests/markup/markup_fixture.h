@@ -1,16 +1,17 @@
-/* markup_fixture.h - shared helpers of the markup tests: an owned utterance,
- * a compact printed form of our markup trees and of Mini-XML trees, saving
- * to a string, and the system's Mini-XML opened at run time. */
+/* markup_fixture.h - helpers of the markup tests: an owned utterance, trees as
+ * text, case files, and the system's Mini-XML opened at run time. */
 #ifndef TESTS_MARKUP_MARKUP_FIXTURE_H
 #define TESTS_MARKUP_MARKUP_FIXTURE_H
 
 #include <dlfcn.h>
+#include <gtest/gtest.h>
 #include <mxml.h>
 #include <unistd.h>
 
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "bsr_unicode.h"
 #include "ssml_io.h"
@@ -19,8 +20,9 @@
 namespace markup_test {
 
 inline std::string utf8(const bsr_wchar *s) {
-  std::string out(s ? std::u16string(s).size() * 4 + 4 : 1, '\0');
-  if (s) bsr_UTF16ToUTF8(s, static_cast<uint32_t>(std::u16string(s).size()), &out[0], static_cast<uint32_t>(out.size()));
+  std::u16string w = s ? s : u"";
+  std::string out(w.size() * 3 + 1, '\0');
+  bsr_UTF16ToUTF8(w.c_str(), static_cast<uint32_t>(w.size()), &out[0], static_cast<uint32_t>(out.size()));
   return out.c_str();
 }
 
@@ -30,10 +32,25 @@ inline std::string read_file(const std::string &path) {
   return buf.str();
 }
 
-// Element: tag[attr=value,...](daughters,...); text: its text in quotes.
-// Attributes in feature-list order, the tag left out.
+// The cases in data/markup/<name>: a line "----" ends a case, "==" a field.
+inline std::vector<std::vector<std::string>> read_cases(const std::string &name) {
+  std::vector<std::vector<std::string>> cases{{""}};
+  auto end_field = [&] {
+    if (!cases.back().back().empty()) cases.back().back().pop_back();  // its last line feed
+  };
+  std::istringstream in(read_file("data/markup/" + name));
+  for (std::string line; std::getline(in, line);) {
+    if (line != "----" && line != "==") cases.back().back() += line + "\n";
+    if (line == "----" || line == "==") end_field(), line == "==" ? cases.back().push_back("") : cases.push_back({""});
+  }
+  end_field();
+  EXPECT_GT(cases.size(), 1u) << name;
+  return cases;
+}
+
+// Element: tag[attr=value,...](daughters,...), attributes in feature-list
+// order and the tag left out; text: its text in quotes.
 inline std::string describe(const item *i) {
-  if (!i) return "(none)";
   if (!item_feat_present(i, "tag")) return "\"" + utf8(item_feat_wstring(i, "text")) + "\"";
   std::string out = utf8(item_feat_wstring(i, "tag")), attrs;
   for (feature_pair *p = item_feats(i)->head; p; p = p->next) {
@@ -44,8 +61,8 @@ inline std::string describe(const item *i) {
   return item_daughter(i) ? out + ")" : out;
 }
 
-// The system's shared Mini-XML, the same version as the copy inside
-// libUtils (which exports only mxmlRelease), for building and reading trees.
+// The system's Mini-XML, the same version as the copy inside libUtils (which
+// exports only mxmlRelease), for building and reading trees.
 template <typename F>
 F mxml_fn(const char *name) {
   static void *lib = dlopen("libmxml.so.1", RTLD_NOW | RTLD_LOCAL);
@@ -58,8 +75,7 @@ inline std::string describe(mxml_node_t *node) {
   if (MX(mxmlGetType)(node) == MXML_OPAQUE) return "\"" + std::string(MX(mxmlGetOpaque)(node)) + "\"";
   std::string out = MX(mxmlGetElement)(node), attrs;
   for (int k = 0; k < MX(mxmlElementGetAttrCount)(node); ++k) {
-    const char *name = nullptr;
-    const char *value = MX(mxmlElementGetAttrByIndex)(node, k, &name);
+    const char *name = nullptr, *value = MX(mxmlElementGetAttrByIndex)(node, k, &name);
     attrs += (k ? "," : "") + std::string(name) + "=" + value;
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
@@ -71,14 +87,12 @@ inline std::string describe(mxml_node_t *node) {
 // An utterance owned by the test.
 struct Utt {
   utterance *u = new_utterance();
-  Utt() = default;
-  Utt(const Utt &) = delete;
   ~Utt() { delete_utterance(u); }
   int load(const std::string &ssml) { return utt_load_ssml(u, ssml.c_str()); }
   item *root() const { return relation_head(utt_relation(u, "ssml")); }
   std::string tree() const { return describe(root()); }
   std::string save() const {
-    std::string path = "/tmp/markup_test_" + std::to_string(getpid()) + ".ssml";
+    std::string path = "/tmp/markup_test_" + std::to_string(getpid());
     std::string out = utt_save_ssml(u, path.c_str()) == 0 ? read_file(path) : "(save failed)";
     unlink(path.c_str());
     return out;
