@@ -42,9 +42,6 @@ typedef struct item_contents {
     struct features *features;  /* the object's features */
     struct features *relations; /* relation name -> "item" value: its item there */
 } item_contents;
-/* The "item" values in `relations` are kept in their items' own blocks and
- * end with their items: a caller that copies one into a set of its own must
- * release it before the item is deleted. */
 
 struct item {
     item_contents *contents;

@@ -1,6 +1,6 @@
-// Value cells that share a block with what they describe: an item's entry in
-// its contents' relation table lives right after the item, and a wide-string
-// value may carry its text after the cell. Each is released exactly once.
+// Value cells of the model's own making: an item's entry in its contents'
+// relation table, and a wide-string value that carries its text after the
+// cell. Each is released exactly once.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -16,42 +16,28 @@ const val *entry_of(const item *i, const char *relname) {
   return feat_val(i->contents->relations, relname);
 }
 
-// Without an utterance the items come from the local allocator, where a
-// wrong free of the carried cell would be caught by the sanitizers.
-TEST(ItemEntryCell, NamesItsItemAndGoesWithIt) {
+// An item's entry in its contents' relation table is an ordinary counted
+// value: a caller that keeps a copy of it keeps it past the item's deletion.
+TEST(ItemEntry, IsCountedAndOutlivesItsItemWhenHeldElsewhere) {
   relation *words = new_relation("Word", nullptr);
   relation *syls = new_relation("Syllable", nullptr);
   item *w = relation_append(words, nullptr);
   item *s = relation_append(syls, w);
   ASSERT_NE(s, nullptr);
   const val *we = entry_of(w, "Word");
-  const val *se = entry_of(w, "Syllable");
   EXPECT_EQ(val_item(we), w);
-  EXPECT_EQ(val_item(se), s);
+  EXPECT_EQ(val_item(entry_of(w, "Syllable")), s);
   EXPECT_EQ(we->c.atom.ref_count, 1);
-  EXPECT_EQ(item_as(s, "Word"), w);
-  // The entry is an ordinary counted value while its item lives.
-  features *other = new_features();
-  feat_set(other, "w", we);
+  features *kept = new_features();
+  feat_set(kept, "w", we);
   EXPECT_EQ(we->c.atom.ref_count, 2);
-  delete_features(other);
-  EXPECT_EQ(we->c.atom.ref_count, 1);
   delete_item(w);
   EXPECT_EQ(item_as(s, "Word"), nullptr);
-  EXPECT_EQ(item_as(s, "Syllable"), s);
+  EXPECT_EQ(feat_val(kept, "w"), we);  // still a live cell (ASan would object otherwise)
+  EXPECT_EQ(we->c.atom.ref_count, 1);
+  delete_features(kept);
   delete_relation(words);
   delete_relation(syls);
-}
-
-// A value the caller made with item_val is still a cell of its own.
-TEST(ItemEntryCell, CallerMadeItemValuesAreFreedAsBefore) {
-  relation *r = new_relation("R", nullptr);
-  item *i = relation_append(r, nullptr);
-  features *f = new_features();
-  feat_set(f, "i", item_val(i));
-  EXPECT_EQ(val_item(feat_val(f, "i")), i);
-  delete_features(f);
-  delete_relation(r);
 }
 
 TEST(WstringWithRoom, HoldsItsTextAndIsReleasedOnce) {

@@ -2,7 +2,6 @@
 // relation, alive while some relation holds an item of it.
 #include "Utils/Model/item_contents.h"
 
-#include "Utils/Model/val_cell.h"
 #include "Utils/TextMemory/private_heap.h"
 
 namespace {
@@ -38,13 +37,9 @@ bool attach_contents(item *i, const item *shared) {
   i->contents = c;
   // An entry already naming an item of this relation is replaced: the entry
   // names the newest item attached.
-  // The entry value is the cell carried in the item's own block (see
-  // item_contents.h); if the set could not take it, it simply stays unused.
-  val *entry = item_entry_cell(i);
-  entry->c.atom.type = kValItem;
-  entry->c.atom.ref_count = 0;
-  entry->c.atom.payload.p = i;
+  val *entry = item_val(i);
   feat_set(c->relations, i->relation->name, entry);
+  if (entry != nullptr && entry->c.atom.ref_count == 0) delete_val(entry);  // set was full
   return true;
 }
 

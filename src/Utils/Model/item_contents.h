@@ -11,14 +11,6 @@ inline bsr_heap *relation_heap(const relation *r) {
   return r != nullptr && r->utterance != nullptr ? r->utterance->heap : nullptr;
 }
 
-// An item's entry in its contents' relation table is an "item" value cell
-// that lives in the same block as the item, right after it: making an item
-// then costs one allocation instead of two, and the cell goes with its item.
-// Items are allocated with this size.
-constexpr size_t kItemBlockSize = sizeof(item) + sizeof(val);
-
-inline val *item_entry_cell(item *i) { return reinterpret_cast<val *>(i + 1); }
-
 // Gives `i` (an item of a relation) the contents of `shared`, or fresh
 // contents when `shared` is null, and names `i` in the contents' relation
 // table. False, with nothing changed, when fresh contents cannot be made.

@@ -49,7 +49,7 @@ UTILS_API item *relation_tail(const relation *r) { return r != nullptr ? r->tail
 UTILS_API item *new_item_relation(relation *r, const item *shared) {
   if (r == nullptr || !can_share_into(r, shared)) return nullptr;
   bsr_heap *heap = relation_heap(r);
-  auto *i = static_cast<item *>(bsr_alloc_on(heap, kItemBlockSize));
+  auto *i = static_cast<item *>(bsr_alloc_on(heap, sizeof(item)));
   if (i == nullptr) return nullptr;
   i->relation = r;
   if (!attach_contents(i, shared)) {

@@ -3,18 +3,8 @@
 // reference as the type table says.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
-#include "utterance.h"
 
 namespace {
-
-// The entry naming an item in its contents' relation table is carried in
-// the item's own block, right after the item (see item_contents.h); that
-// cell is never freed on its own. No separately allocated cell can sit at
-// that address, which lies inside the item's block.
-bool lives_in_its_item(const val *v) {
-  if (cell_start(v) != kValItem || v->c.atom.payload.p == nullptr) return false;
-  return v == reinterpret_cast<const val *>(static_cast<const item *>(v->c.atom.payload.p) + 1);
-}
 
 void release_payload(val *v) {
   int16_t type = cell_start(v);
@@ -58,7 +48,7 @@ UTILS_API void delete_val(const val *v) {
     }
     if (val_dec_refcount(cell) == 0) {
       release_payload(cell);
-      if (!lives_in_its_item(cell)) bsr_free(cell);
+      bsr_free(cell);
     }
     return;
   }
