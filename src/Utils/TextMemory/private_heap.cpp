@@ -16,8 +16,10 @@ namespace {
 constexpr size_t kGrain = 8;
 constexpr size_t kMaxSmall = 1024;
 constexpr size_t kClasses = kMaxSmall / kGrain + 1;
-constexpr size_t kFirstChunk = 128 * 1024;  // the first chunk holds a typical sentence
-constexpr size_t kMaxChunk = 1024 * 1024;
+// Chunks stay below the C library's mmap threshold (128 KiB), so that the
+// chunks of a deleted utterance are reused by the next one instead of going
+// back to the kernel and faulting in again. A typical sentence fits in one.
+constexpr size_t kChunk = 60 * 1024;
 
 struct BlockTag {
   uint64_t size_class;
@@ -47,21 +49,18 @@ struct bsr_heap {
   Chunk *chunks;
   char *bump;       // next free byte of the newest chunk
   char *bump_end;   // end of the newest chunk
-  size_t next_chunk_size;
   size_t footprint;
   LargeBlock *large;
   FreeBlock *free_lists[kClasses];
 };
 
 bsr_heap *bsr_heap_create() {
-  auto *heap = static_cast<bsr_heap *>(std::calloc(1, sizeof(bsr_heap)));
-  if (heap != nullptr) heap->next_chunk_size = kFirstChunk;
-  return heap;
+  return static_cast<bsr_heap *>(std::calloc(1, sizeof(bsr_heap)));
 }
 
-static bool add_chunk(bsr_heap *heap, size_t need) {
-  size_t size = heap->next_chunk_size;
-  while (size < need) size *= 2;
+// Small blocks always fit a chunk; larger ones never come here.
+static bool add_chunk(bsr_heap *heap) {
+  const size_t size = kChunk;
   auto *chunk = static_cast<Chunk *>(std::calloc(1, sizeof(Chunk) + size));
   if (chunk == nullptr) return false;
   chunk->next = heap->chunks;
@@ -70,7 +69,6 @@ static bool add_chunk(bsr_heap *heap, size_t need) {
   heap->bump = reinterpret_cast<char *>(chunk + 1);
   heap->bump_end = heap->bump + size;
   heap->footprint += sizeof(Chunk) + size;
-  if (heap->next_chunk_size < kMaxChunk) heap->next_chunk_size *= 2;
   return true;
 }
 
@@ -97,7 +95,7 @@ void *bsr_heap_alloc(bsr_heap *heap, size_t size) {
     return reused;
   }
   size_t whole = sizeof(BlockTag) + bytes;
-  if (static_cast<size_t>(heap->bump_end - heap->bump) < whole && !add_chunk(heap, whole))
+  if (static_cast<size_t>(heap->bump_end - heap->bump) < whole && !add_chunk(heap))
     return nullptr;
   auto *tag = reinterpret_cast<BlockTag *>(heap->bump);
   heap->bump += whole;
