@@ -1,6 +1,5 @@
-// Inside the library image: the integer constants lie one after another, the
-// unexported string constants are what they say, and a cell's first 16 bits
-// tell a cons from an atom.
+// Inside the library image: the integer constants lie one after another, and
+// the unexported string constants are what they say.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -17,14 +16,6 @@ TEST(ModelConstants, LayoutAndUnexportedConstants) {
   EXPECT_NE(&bsr_val_ffeature_default, val_string_n(0));
   EXPECT_EQ(val_equal(&bsr_val_ffeature_default, val_string_n(0)), 1);
   EXPECT_EQ(bsr_val_string_table[33], val_string_n(33));
-}
-
-TEST(ModelConstants, CellStartTellsConsFromAtom) {
-  val *empty = cons_val(nullptr, nullptr);
-  EXPECT_EQ(cell_start(empty), 0);
-  EXPECT_TRUE(cell_is_cons(empty));
-  EXPECT_FALSE(cell_is_cons(&val_int_1));
-  delete_val(empty);
 }
 
 }  // namespace

@@ -1,23 +1,18 @@
-// Feature paths and feature functions: steps through lists, trees and other
-// relations, the default answer, unknown steps, shadowing by registered
-// functions, and the limits on path length and separator count.
+// Feature paths and feature functions: steps through lists, trees and relations,
+// the default answer, unknown steps, shadowing, and the limits on path length.
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <string>
 
 #include "model_test_util.h"
 
 namespace {
 
-// Word relation w0 w1 w2; Syllable relation with two syllables per word
-// (stress 10*word+k); a Phrase tree phrase > words > syllables sharing
-// contents with the flat relations.
+// Words w0 w1 w2, two syllables each (stress 10*word+k), and a Phrase tree
+// phrase > words > syllables sharing contents with the flat relations.
 struct PathTest : ::testing::Test {
   utterance *u = new_utterance();
-  item *word[3];
-  item *syl[3][2];
-  item *phrase;
+  item *word[3], *syl[3][2], *phrase;
   const val *off;  // the default answer
 
   PathTest() {
@@ -43,7 +38,7 @@ struct PathTest : ::testing::Test {
 struct PathCase {
   const char *path;
   int from;  // 0..2: word[from]; 3: phrase; 4: the Phrase view of word[1]; 5: syl[2][1]; 6: syl[0][0]
-  const char *want;  // a name, a number, "OFF" for the default, "NULL" for null
+  const char *want;  // the value printed, or "OFF" for the default
 };
 
 TEST_F(PathTest, Walks) {
@@ -59,29 +54,25 @@ TEST_F(PathTest, Walks) {
       {"parent.name", 0, "OFF"}, {"n.bogus.name", 2, "OFF"}, {"daughter.daughtern.n.stress", 3, "OFF"},
       {"R:Nowhere.name", 6, "OFF"}, {"R:Phrase", 6, "OFF"},
       // Unknown steps.
-      {"x.name", 0, "NULL"}, {"n..name", 0, "NULL"}, {"N.name", 0, "NULL"}, {"nnn.name", 0, "NULL"},
-      {"daughter2.name", 0, "NULL"},
+      {"x.name", 0, "[null]"}, {"n..name", 0, "[null]"}, {"N.name", 0, "[null]"}, {"nnn.name", 0, "[null]"},
+      {"daughter2.name", 0, "[null]"},
   };
   ASSERT_NE(off, nullptr);
   EXPECT_EQ(wide(val_wstring(off)), u"0");
   EXPECT_NE(off, val_string_n(0));  // a "0" of its own
   EXPECT_EQ(off->c.atom.ref_count, -1);
+  item *from[] = {word[0], word[1], word[2], phrase, item_as(word[1], "Phrase"), syl[2][1], syl[0][0]};
   for (const PathCase &c : cases) {
-    item *from[] = {word[0], word[1], word[2], phrase, item_as(word[1], "Phrase"), syl[2][1], syl[0][0]};
     const val *got = ffeature(from[c.from], c.path);
-    std::string want = c.want;
-    if (want == "OFF") {
-      EXPECT_EQ(got, off) << c.path;
-    } else if (want == "NULL") {
-      EXPECT_EQ(got, nullptr) << c.path;
-      EXPECT_EQ(ffeature_int(from[c.from], c.path), 0) << c.path;
-      EXPECT_EQ(ffeature_wstring(from[c.from], c.path), nullptr) << c.path;
-    } else if (isdigit(want[0])) {
-      EXPECT_FLOAT_EQ(ffeature_float(from[c.from], c.path), std::stoi(want)) << c.path;
-    } else {
-      EXPECT_EQ(wide(ffeature_wstring(from[c.from], c.path)), std::u16string(want.begin(), want.end())) << c.path;
-    }
+    bool ok = std::string(c.want) == "OFF" ? got == off : printed_val(got) == c.want;
+    EXPECT_TRUE(ok) << c.path << " gave " << printed_val(got);
   }
+  EXPECT_FLOAT_EQ(ffeature_float(word[0], "n:len"), 11.0f);
+  EXPECT_EQ(ffeature_int(word[0], "n.len"), 11);
+  EXPECT_EQ(ffeature_int(word[2], "n.len"), 0);
+  EXPECT_EQ(wide(ffeature_wstring(word[2], "n.len")), u"0");
+  EXPECT_EQ(ffeature_int(word[0], "x.name"), 0);
+  EXPECT_EQ(ffeature_wstring(word[0], "x.name"), nullptr);
   EXPECT_EQ(ffeature(word[1], "name"), item_feat(word[1], "name"));
   EXPECT_EQ(ffeature(nullptr, "name"), off);
   EXPECT_EQ(ffeature(word[0], nullptr), nullptr);

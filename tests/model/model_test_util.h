@@ -22,9 +22,7 @@ std::string printed(Fn fn) {
   return out;
 }
 
-inline std::string printed_val(const val *v) {
-  return printed([&](FILE *o) { val_print(o, v); });
-}
+inline std::string printed_val(const val *v) { return printed([&](FILE *o) { val_print(o, v); }); }
 
 inline std::u16string wide(const bsr_wchar *s) { return s ? std::u16string(s) : u"<null>"; }
 
