@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "hts_pstream.h"
+#include "bench_runner.h"
 
 extern "C" {
 // Reference LAPACK, single precision; the trailing size_t is the Fortran
@@ -233,12 +234,6 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> bytes_;
 };
 
-bool has_flag(int argc, char **argv, const char *prefix) {
-  for (int i = 1; i < argc; ++i)
-    if (std::strncmp(argv[i], prefix, std::strlen(prefix)) == 0) return true;
-  return false;
-}
-
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -253,27 +248,9 @@ int main(int argc, char **argv) {
           ->Unit(benchmark::kMicrosecond)
           ->MinTime(0.1)
           ->Repetitions(12);
-  const bool console = !has_flag(argc, argv, "--benchmark_format=") ||
-                       has_flag(argc, argv, "--benchmark_format=console");
-  const bool tabular = has_flag(argc, argv, "--benchmark_counters_tabular=true");
-  // Interleave the repetitions of all variants unless told otherwise, so
-  // that a busy spell on the machine does not fall on one side only.
-  std::vector<char *> args(argv, argv + argc);
-  char interleave[] = "--benchmark_enable_random_interleaving=true";
-  if (!has_flag(argc, argv, "--benchmark_enable_random_interleaving")) args.push_back(interleave);
-  int count = static_cast<int>(args.size());
-  benchmark::Initialize(&count, args.data());
-  if (benchmark::ReportUnrecognizedArguments(count, args.data())) return 1;
-  for (int frames : {1000, 10000})
-    std::printf("MLPG %d frames: largest |Utils - LAPACK| / mean range = %.2g\n", frames,
-                largest_disagreement(frames));
-  if (console) {
-    RatioReporter reporter(tabular ? benchmark::ConsoleReporter::OO_ColorTabular
-                                   : benchmark::ConsoleReporter::OO_Defaults);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-  } else {
-    benchmark::RunSpecifiedBenchmarks();
-  }
-  benchmark::Shutdown();
-  return 0;
+  return bench::run_benchmarks<RatioReporter>(argc, argv, /*interleave=*/true, [] {
+    for (int frames : {1000, 10000})
+      std::printf("MLPG %d frames: largest |Utils - LAPACK| / mean range = %.2g\n", frames,
+                  largest_disagreement(frames));
+  });
 }

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "bsr_unicode.h"
+#include "bench_runner.h"
 
 namespace {
 
@@ -247,12 +248,6 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, Sample> samples_;
 };
 
-bool has_flag(int argc, char **argv, const char *prefix) {
-  for (int i = 1; i < argc; ++i)
-    if (std::strncmp(argv[i], prefix, std::strlen(prefix)) == 0) return true;
-  return false;
-}
-
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -265,18 +260,5 @@ int main(int argc, char **argv) {
     benchmark::RegisterBenchmark(("UTF16ToUTF8/" + t.name + "/Utils").c_str(), utils_to_utf8, &t);
     benchmark::RegisterBenchmark(("UTF16ToUTF8/" + t.name + "/ICU").c_str(), icu_to_utf8, &t);
   }
-  const bool console = !has_flag(argc, argv, "--benchmark_format=") ||
-                       has_flag(argc, argv, "--benchmark_format=console");
-  const bool tabular = has_flag(argc, argv, "--benchmark_counters_tabular=true");
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  if (console) {
-    RatioReporter reporter(tabular ? benchmark::ConsoleReporter::OO_ColorTabular
-                                   : benchmark::ConsoleReporter::OO_Defaults);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-  } else {
-    benchmark::RunSpecifiedBenchmarks();
-  }
-  benchmark::Shutdown();
-  return 0;
+  return bench::run_benchmarks<RatioReporter>(argc, argv);
 }

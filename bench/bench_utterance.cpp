@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "EST.h"
+#include "bench_runner.h"
 #include "ling_class/EST_Relation_tree.h"
 
 // EST declares functions named val, item, relation and utterance; our model's
@@ -322,27 +323,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> times_;
 };
 
-bool has_flag(int argc, char **argv, const char *flag) {
-  for (int k = 1; k < argc; ++k)
-    if (std::strncmp(argv[k], flag, std::strlen(flag)) == 0) return true;
-  return false;
-}
-
 }  // namespace
 
 int main(int argc, char **argv) {
-  const bool console = !has_flag(argc, argv, "--benchmark_format=") ||
-                       has_flag(argc, argv, "--benchmark_format=console");
-  const bool tabular = has_flag(argc, argv, "--benchmark_counters_tabular=true");
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  if (console) {
-    RatioReporter reporter(tabular ? benchmark::ConsoleReporter::OO_ColorTabular
-                                   : benchmark::ConsoleReporter::OO_Defaults);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-  } else {
-    benchmark::RunSpecifiedBenchmarks();
-  }
-  benchmark::Shutdown();
-  return 0;
+  return bench::run_benchmarks<RatioReporter>(argc, argv);
 }
