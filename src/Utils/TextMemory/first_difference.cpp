@@ -120,43 +120,65 @@ __attribute__((target("avx2"))) NO_ADDRESS_CHECK inline uint32_t block_flags(con
 }
 
 template <typename Unit>
-__attribute__((target("avx2"))) NO_ADDRESS_CHECK size_t avx2_scan(const Unit *a, const Unit *b) {
+__attribute__((target("avx2"))) inline __m256i min(__m256i x, __m256i y) {
+  return sizeof(Unit) == 1 ? _mm256_min_epu8(x, y) : _mm256_min_epu16(x, y);
+}
+
+// True when all 128 bytes from `a` and `b` are good; on a false answer
+// locate_in_quad finds the first bad unit.
+template <typename Unit>
+__attribute__((target("avx2"))) NO_ADDRESS_CHECK inline bool quad_is_good(const uint8_t *a,
+                                                                          const uint8_t *b) {
   constexpr size_t W = 32;
+  __m256i g = min<Unit>(goodness<Unit>(load(a), load(b)), goodness<Unit>(load(a + W), load(b + W)));
+  __m256i h = min<Unit>(goodness<Unit>(load(a + 2 * W), load(b + 2 * W)),
+                  goodness<Unit>(load(a + 3 * W), load(b + 3 * W)));
+  return bad_bytes<Unit>(min<Unit>(g, h)) == 0;
+}
+
+// Index (in units) of the first bad unit of the 128 bytes at `at`, at least
+// one of which is bad.
+template <typename Unit>
+__attribute__((target("avx2"))) NO_ADDRESS_CHECK size_t locate_in_quad(const uint8_t *pa,
+                                                                       const uint8_t *pb, size_t at) {
+  constexpr size_t W = 32;
+  for (;; at += W)
+    if (uint32_t f = block_flags<Unit>(pa + at, pb + at)) return (at + __builtin_ctz(f)) / sizeof(Unit);
+}
+
+template <typename Unit>
+__attribute__((target("avx2"))) NO_ADDRESS_CHECK size_t avx2_scan(const Unit *a, const Unit *b) {
+  constexpr size_t W = 32, Q = 4 * W;
   const auto *pa = reinterpret_cast<const uint8_t *>(a);
   const auto *pb = reinterpret_cast<const uint8_t *>(b);
-  size_t i = 0;  // in bytes
+  size_t i = 0;  // in bytes; everything before i is known equal and non-zero
+  size_t room = safe_room(pa, pb);
+  if (room >= W) {
+    // One block first: most strings end inside it. Then step to a 32-byte
+    // boundary of `a`, so that its loads never straddle cache lines (the
+    // step keeps wide units whole).
+    if (uint32_t f = block_flags<Unit>(pa, pb)) return __builtin_ctz(f) / sizeof(Unit);
+    i = W - (reinterpret_cast<uintptr_t>(pa) & (W - 1));
+  }
   for (;;) {
-    size_t room = safe_room(pa + i, pb + i);
-    if (room >= W) {
-      // One block first: most strings end inside it.
-      if (uint32_t f = block_flags<Unit>(pa + i, pb + i)) return (i + __builtin_ctz(f)) / sizeof(Unit);
-      // Then step to a 32-byte boundary of `a`, so that its loads never
-      // straddle cache lines (the step keeps wide units whole).
-      size_t step = W - (reinterpret_cast<uintptr_t>(pa + i) & (W - 1));
-      i += step;
-      room -= step;
-      // Long equal runs: four blocks per step, located only on a hit.
-      for (; room >= 4 * W; i += 4 * W, room -= 4 * W) {
-        __m256i g = _mm256_setzero_si256();
-        g = goodness<Unit>(load(pa + i), load(pb + i));
-        g = sizeof(Unit) == 1 ? _mm256_min_epu8(g, goodness<Unit>(load(pa + i + W), load(pb + i + W)))
-                              : _mm256_min_epu16(g, goodness<Unit>(load(pa + i + W), load(pb + i + W)));
-        __m256i h = goodness<Unit>(load(pa + i + 2 * W), load(pb + i + 2 * W));
-        h = sizeof(Unit) == 1 ? _mm256_min_epu8(h, goodness<Unit>(load(pa + i + 3 * W), load(pb + i + 3 * W)))
-                              : _mm256_min_epu16(h, goodness<Unit>(load(pa + i + 3 * W), load(pb + i + 3 * W)));
-        g = sizeof(Unit) == 1 ? _mm256_min_epu8(g, h) : _mm256_min_epu16(g, h);
-        if (bad_bytes<Unit>(g) != 0) break;
+    room = safe_room(pa + i, pb + i);
+    for (; room >= Q; i += Q, room -= Q)
+      if (!quad_is_good<Unit>(pa + i, pb + i)) return locate_in_quad<Unit>(pa, pb, i);
+    if (room == 0) continue;
+    // Near a page end: the last blocks are taken so that they end exactly at
+    // the boundary, overlapping bytes already known good.
+    if (i + room >= Q) {
+      size_t at = i + room - Q;
+      if (!quad_is_good<Unit>(pa + at, pb + at)) return locate_in_quad<Unit>(pa, pb, at);
+    } else if (i + room >= W) {
+      for (size_t at = i; at < i + room; at += W) {
+        size_t start = at + W <= i + room ? at : i + room - W;
+        if (uint32_t f = block_flags<Unit>(pa + start, pb + start))
+          return (start + __builtin_ctz(f)) / sizeof(Unit);
       }
-      for (; room >= W; i += W, room -= W)
-        if (uint32_t f = block_flags<Unit>(pa + i, pb + i)) return (i + __builtin_ctz(f)) / sizeof(Unit);
-      if (room == 0) continue;
-    }
-    if (i + room < W) {  // only at the very start: too little behind us for a window
+    } else {  // only at the very start: too little behind us for a window
       size_t hit = scalar_scan(a, b, i / sizeof(Unit), room / sizeof(Unit));
       if (hit != SIZE_MAX) return hit;
-    } else {
-      size_t at = i + room - W;  // a block ending at the page boundary
-      if (uint32_t f = block_flags<Unit>(pa + at, pb + at)) return (at + __builtin_ctz(f)) / sizeof(Unit);
     }
     i += room;
   }
@@ -168,6 +190,14 @@ inline bool have_avx2() { return __builtin_cpu_supports("avx2"); }
 template <typename Unit>
 size_t first_difference(const Unit *a, const Unit *b) {
   // A wide string is 2-byte aligned, so every block boundary stays on a unit.
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  // Names and other short keys are mostly decided by their first word.
+  const auto *pa = reinterpret_cast<const uint8_t *>(a);
+  const auto *pb = reinterpret_cast<const uint8_t *>(b);
+  if (safe_room(pa, pb) >= 8)
+    if (uint64_t flags = word_flags<Unit>(load_word(pa), load_word(pb)))
+      return __builtin_ctzll(flags) / 8 / sizeof(Unit);
+#endif
 #ifdef UTILS_HAVE_AVX2_PATH
   if (have_avx2()) return avx2_scan(a, b);
 #endif
