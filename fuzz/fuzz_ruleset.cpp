@@ -22,14 +22,6 @@ int lineCount(const uint8_t *data, size_t size) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-  // RE2 reports every pattern it rejects on the stdio stream stderr. Point
-  // that stream elsewhere: libFuzzer keeps its own copy of the old stream,
-  // and the sanitizers write their reports to file descriptor 2 directly.
-  if (std::FILE *null = std::fopen("/dev/null", "w")) stderr = null;
-  return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > 1 << 16) return 0;
   HReplacer *replacer = HReplacer_create();

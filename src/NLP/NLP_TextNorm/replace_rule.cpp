@@ -7,10 +7,19 @@
 
 namespace textnorm {
 
+// RE2's default options, except that a rejected pattern is not reported on
+// standard error: the library writes no log, and the rejection is already
+// counted in the result of adding the rule set.
+static re2::RE2::Options quietDefaults() {
+  re2::RE2::Options options;
+  options.set_log_errors(false);
+  return options;
+}
+
 ReplaceRule *ReplaceRule::make(re2::StringPiece pattern, re2::StringPiece rewrite) {
-  ReplaceRule *rule = new ReplaceRule();
+  ReplaceRule *rule = new ReplaceRule();  // the local allocator: null on failure
   if (rule == nullptr) return nullptr;
-  rule->pattern = new (std::nothrow) re2::RE2(pattern);
+  rule->pattern = new (std::nothrow) re2::RE2(pattern, quietDefaults());
   if (rule->pattern == nullptr || !rule->pattern->ok()) {
     delete rule;
     return nullptr;

@@ -11,7 +11,7 @@
 namespace textnorm {
 
 struct ReplaceRule : LocalObject {
-  // Compiles `pattern` (default options) and parses `rewrite` against its
+  // Compiles `pattern` (default options, errors not logged) and parses `rewrite` against its
   // capture groups. Null when either fails or memory runs out.
   static ReplaceRule *make(re2::StringPiece pattern, re2::StringPiece rewrite);
   ~ReplaceRule();
