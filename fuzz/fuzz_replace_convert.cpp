@@ -5,7 +5,6 @@
 #include <mxml.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>

@@ -3,7 +3,6 @@
 #include <mxml.h>
 
 #include <cstdint>
-#include <cstdio>
 
 #include "hreplacer.h"
 
