@@ -1,11 +1,18 @@
-# The libUtils target: every source under src/, hidden visibility, and a
-# linker version script that exports exactly the names in src/exports/.
+# Library.cmake - the libUtils target: the sources each subsystem folder lists,
+# hidden visibility, and a linker version script that exports exactly the
+# names in src/exports/.
 
 # Our own code is held to warnings-as-errors; third-party headers are system headers.
 set(UTILS_WARNINGS -Wall -Wextra -Werror -Wno-unused-parameter)
 
-file(GLOB_RECURSE UTILS_SOURCES CONFIGURE_DEPENDS
-     ${CMAKE_SOURCE_DIR}/src/*.cpp ${CMAKE_SOURCE_DIR}/src/*.c)
+# The subsystem folders, lowest layer first. Each lists its own sources (and
+# any build-time generator) in its sources.cmake; nothing is globbed.
+set(UTILS_SUBSYSTEMS
+  Utils/TextMemory
+  Utils/Model
+  Utils/Markup
+  NLP/NLP_TextNorm
+  Hmm)
 file(GLOB UTILS_EXPORT_LISTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/exports/*.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${UTILS_EXPORT_LISTS})
 
@@ -28,7 +35,7 @@ file(WRITE ${CMAKE_BINARY_DIR}/libUtils.map
 
 # The sources are compiled once and packed twice: as libUtils.so, and as a
 # static archive for the tests of internal pieces and the fuzz harnesses.
-add_library(UtilsObjects OBJECT ${UTILS_SOURCES})
+add_library(UtilsObjects OBJECT)
 target_include_directories(UtilsObjects
   PUBLIC  ${CMAKE_SOURCE_DIR}/include
   PRIVATE ${CMAKE_SOURCE_DIR}/src ${RE2_INCLUDE_DIR} ${MXML_INCLUDE_DIR})
@@ -40,11 +47,8 @@ set_target_properties(UtilsObjects PROPERTIES
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
 
-# Build fragments of a subsystem (generated tables and the like) live beside
-# its sources as *.cmake files and may add sources to UtilsObjects.
-file(GLOB_RECURSE UTILS_FRAGMENTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cmake)
-foreach(fragment IN LISTS UTILS_FRAGMENTS)
-  include(${fragment})
+foreach(subsystem IN LISTS UTILS_SUBSYSTEMS)
+  include(${CMAKE_SOURCE_DIR}/src/${subsystem}/sources.cmake)
 endforeach()
 
 add_library(Utils SHARED $<TARGET_OBJECTS:UtilsObjects>)

@@ -1,3 +1,16 @@
+# sources.cmake - parameter streams and MLPG, and the DSP lookup tables.
+target_sources(UtilsObjects PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/dsp_tables.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/mlpg.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/mlpg_plan.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/pstream.cpp
+)
+
+# The generated tracks must follow the stated single-precision operation
+# order on every target: no fused multiply-add contraction in the solver.
+set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/mlpg.cpp
+  PROPERTIES COMPILE_OPTIONS -ffp-contract=off)
+
 # The DSP lookup tables are computed at build time by a small host program
 # (make_dsp_tables) and compiled into the library as constant data.
 add_executable(make_dsp_tables ${CMAKE_CURRENT_LIST_DIR}/make_dsp_tables.cc)
