@@ -1,6 +1,6 @@
 // "utts normalize": parse SSML, run the rule sets and the English readers,
 // mirror the result in an utterance and save it as SSML.
-#include "utts/normalize_command.h"
+#include "utts/command.h"
 
 #include <mxml.h>
 
@@ -134,7 +134,7 @@ bool save(mxml_node_t *tree, const std::string &path, std::string &error) {
 
 }  // namespace
 
-const char *normalizeUsage() { return kUsage; }
+namespace {
 
 int runNormalize(int argc, char **argv) {
   Options options;
@@ -180,5 +180,13 @@ int runNormalize(int argc, char **argv) {
   mxmlDelete(tree);
   return saved ? 0 : fail(error);
 }
+
+const Command kCommand = {
+    "normalize",
+    "turn numbers, dates, times, money, measures and abbreviations into words",
+    kUsage, runNormalize};
+const Registration kRegistration(kCommand);
+
+}  // namespace
 
 }  // namespace utts
