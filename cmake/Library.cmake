@@ -11,8 +11,12 @@ set(UTILS_SUBSYSTEMS
   Utils/TextMemory
   Utils/Model
   Utils/Markup
+  Utils/Phonetics
+  Utils/Hierarchy
   NLP/NLP_TextNorm
-  Hmm)
+  NLP/NLP_DTree
+  Hmm
+  NLP/NLP_Dict)
 file(GLOB UTILS_EXPORT_LISTS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/exports/*.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${UTILS_EXPORT_LISTS})
 

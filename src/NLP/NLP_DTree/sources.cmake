@@ -1,0 +1,2 @@
+# sources.cmake - decision trees.
+# (no sources yet)

@@ -1,0 +1,2 @@
+# sources.cmake - the NLP dictionary and word segmentation.
+# (no sources yet)

@@ -1,0 +1,2 @@
+# sources.cmake - the prosodic hierarchy over the SSML tree.
+# (no sources yet)

@@ -1,0 +1,2 @@
+# sources.cmake - the IPA inventory, context features and labels.
+# (no sources yet)
