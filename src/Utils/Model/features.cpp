@@ -28,7 +28,7 @@ feature_pair *find_pair(const features *f, const char *name) {
 void free_pair(features *f, feature_pair *p) {
   delete_val(p->value);
   bsr_free(p->name);
-  bsr_free_on(f->heap, p);
+  utils::text::free_on(f->heap, p);
 }
 
 }  // namespace
@@ -38,7 +38,7 @@ extern "C" {
 UTILS_API features *new_features(void) { return new_features_local(nullptr); }
 
 UTILS_API features *new_features_local(bsr_heap *heap) {
-  auto *f = static_cast<features *>(bsr_alloc_on(heap, sizeof(features)));
+  auto *f = static_cast<features *>(utils::text::alloc_on(heap, sizeof(features)));
   if (f != nullptr) f->heap = heap;
   return f;
 }
@@ -50,7 +50,7 @@ UTILS_API void delete_features(features *f) {
     free_pair(f, p);
     p = next;
   }
-  bsr_free_on(f->heap, f);
+  utils::text::free_on(f->heap, f);
 }
 
 UTILS_API void feat_set(features *f, const char *name, const val *v) {
@@ -63,11 +63,11 @@ UTILS_API void feat_set(features *f, const char *name, const val *v) {
     p->value = cell_mut(v);
     return;
   }
-  auto *p = static_cast<feature_pair *>(bsr_alloc_on(f->heap, sizeof(feature_pair)));
+  auto *p = static_cast<feature_pair *>(utils::text::alloc_on(f->heap, sizeof(feature_pair)));
   if (p == nullptr) return;
   p->name = tts_strdup(name);
   if (p->name == nullptr && name != nullptr) {
-    bsr_free_on(f->heap, p);
+    utils::text::free_on(f->heap, p);
     return;
   }
   val_inc_refcount(v);

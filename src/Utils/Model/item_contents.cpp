@@ -7,14 +7,14 @@
 namespace {
 
 item_contents *new_contents(bsr_heap *heap) {
-  auto *c = static_cast<item_contents *>(bsr_alloc_on(heap, sizeof(item_contents)));
+  auto *c = static_cast<item_contents *>(utils::text::alloc_on(heap, sizeof(item_contents)));
   if (c == nullptr) return nullptr;
   c->features = new_features_local(heap);
   c->relations = new_features_local(heap);
   if (c->features == nullptr || c->relations == nullptr) {
     delete_features(c->features);
     delete_features(c->relations);
-    bsr_free_on(heap, c);
+    utils::text::free_on(heap, c);
     return nullptr;
   }
   return c;
@@ -23,7 +23,7 @@ item_contents *new_contents(bsr_heap *heap) {
 void free_contents(bsr_heap *heap, item_contents *c) {
   delete_features(c->relations);
   delete_features(c->features);
-  bsr_free_on(heap, c);
+  utils::text::free_on(heap, c);
 }
 
 }  // namespace

@@ -116,7 +116,7 @@ UTILS_API void delete_item(item *i) {
   unlink_item(i);
   while (i->down != nullptr) delete_item(i->down);
   detach_contents(i);
-  bsr_free_on(relation_heap(i->relation), i);
+  utils::text::free_on(relation_heap(i->relation), i);
 }
 
 }  // extern "C"

@@ -21,7 +21,7 @@ extern "C" {
 
 UTILS_API relation *new_relation(const char *name, utterance *u) {
   bsr_heap *heap = u != nullptr ? u->heap : nullptr;
-  auto *r = static_cast<relation *>(bsr_alloc_on(heap, sizeof(relation)));
+  auto *r = static_cast<relation *>(utils::text::alloc_on(heap, sizeof(relation)));
   if (r == nullptr) return nullptr;
   r->name = tts_strdup(name);
   r->features = new_features_local(heap);
@@ -34,7 +34,7 @@ UTILS_API void delete_relation(relation *r) {
   while (r->head != nullptr) delete_item(r->head);
   delete_features(r->features);
   bsr_free(r->name);
-  bsr_free_on(relation_heap(r), r);
+  utils::text::free_on(relation_heap(r), r);
 }
 
 UTILS_API const char *relation_name(const relation *r) { return r != nullptr ? r->name : "NoName"; }
@@ -49,11 +49,11 @@ UTILS_API item *relation_tail(const relation *r) { return r != nullptr ? r->tail
 UTILS_API item *new_item_relation(relation *r, const item *shared) {
   if (r == nullptr || !can_share_into(r, shared)) return nullptr;
   bsr_heap *heap = relation_heap(r);
-  auto *i = static_cast<item *>(bsr_alloc_on(heap, sizeof(item)));
+  auto *i = static_cast<item *>(utils::text::alloc_on(heap, sizeof(item)));
   if (i == nullptr) return nullptr;
   i->relation = r;
   if (!attach_contents(i, shared)) {
-    bsr_free_on(heap, i);
+    utils::text::free_on(heap, i);
     return nullptr;
   }
   return i;

@@ -10,7 +10,7 @@ extern "C" {
 UTILS_API utterance *new_utterance(void) {
   auto *u = static_cast<utterance *>(bsr_safe_alloc(sizeof(utterance)));
   if (u == nullptr) return nullptr;
-  u->heap = bsr_heap_create();
+  u->heap = utils::text::heap_create();
   if (u->heap == nullptr) {
     bsr_free(u);
     return nullptr;
@@ -31,7 +31,7 @@ UTILS_API void delete_utterance(utterance *u) {
     for (feature_pair *p = u->relations->head; p != nullptr; p = p->next)
       delete_relation(val_relation(p->value));
   delete_features(u->relations);
-  bsr_heap_destroy(u->heap);
+  utils::text::heap_destroy(u->heap);
   bsr_free(u);
 }
 

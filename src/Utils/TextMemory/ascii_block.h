@@ -1,7 +1,7 @@
-// Moves blocks of sixteen ASCII units between bytes and 16-bit units in one
+// ascii_block.h - moves blocks of sixteen ASCII units between bytes and 16-bit units in one
 // step, for the fast paths of the UTF-8 <-> UTF-16 converters.
-#ifndef UTILS_ASCII_BLOCK_H
-#define UTILS_ASCII_BLOCK_H
+#ifndef UTILS_TEXTMEMORY_ASCII_BLOCK_H
+#define UTILS_TEXTMEMORY_ASCII_BLOCK_H
 
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +15,7 @@
 #define UTILS_TEXT_SSE2 1
 #endif
 
-namespace bsr {
+namespace utils::text {
 
 // Both functions look at exactly kAsciiBlock source units. When all of them
 // are ASCII they write kAsciiBlock target units and return true; otherwise
@@ -64,6 +64,6 @@ inline bool narrow_ascii_block(const bsr_wchar *s, unsigned char *d) {
 
 #endif
 
-}  // namespace bsr
+}  // namespace utils::text
 
-#endif  // UTILS_ASCII_BLOCK_H
+#endif  // UTILS_TEXTMEMORY_ASCII_BLOCK_H

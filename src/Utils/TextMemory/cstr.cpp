@@ -1,4 +1,4 @@
-// CStr: a growable zero-terminated narrow string. Appending a string grows
+// cstr.cpp - CStr: a growable zero-terminated narrow string. Appending a string grows
 // the buffer to exactly what is needed; appending a byte grows it by 64.
 #include "bsr_cstr.h"
 
@@ -7,7 +7,7 @@
 #include "Utils/TextMemory/cstr_layout.h"
 #include "bsr_string.h"
 
-static_assert(sizeof(CStr) == kCStrRecordSize, "the exported CStr size must match the header");
+static_assert(sizeof(CStr) == utils::text::kCStrRecordSize, "the exported CStr size must match the header");
 
 namespace {
 

@@ -1,4 +1,4 @@
-// The exported data symbol `CStr`: the byte size of the CStr record that the
+// cstr_layout.cpp - the exported data symbol `CStr`: the byte size of the CStr record that the
 // library was built with, so an engine can check its header at start-up.
 //
 // This file must not see bsr_cstr.h: there `CStr` names the record type, and
@@ -8,5 +8,5 @@
 
 extern "C" {
 UTILS_API extern const uint32_t CStr;
-const uint32_t CStr = kCStrRecordSize;
+const uint32_t CStr = utils::text::kCStrRecordSize;
 }

@@ -1,4 +1,4 @@
-// The local allocator: zero-filled blocks whose size is remembered in a small
+// local_alloc.cpp - the local allocator: zero-filled blocks whose size is remembered in a small
 // header, so that growing a block can zero exactly its new tail.
 #include "bsr_string.h"
 

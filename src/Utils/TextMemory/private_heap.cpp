@@ -1,4 +1,4 @@
-// The private heap: blocks are bumped out of large zeroed chunks; a freed
+// private_heap.cpp - the private heap: blocks are bumped out of large zeroed chunks; a freed
 // block goes on the free list of its size class; destruction frees chunks.
 #include "Utils/TextMemory/private_heap.h"
 
@@ -45,6 +45,7 @@ inline size_t class_of(size_t size) { return (size + kGrain - 1) / kGrain; }
 
 }  // namespace
 
+// The heap record is the interface's opaque bsr_heap.
 struct bsr_heap {
   Chunk *chunks;
   char *bump;       // next free byte of the newest chunk
@@ -54,12 +55,10 @@ struct bsr_heap {
   FreeBlock *free_lists[kClasses];
 };
 
-bsr_heap *bsr_heap_create() {
-  return static_cast<bsr_heap *>(std::calloc(1, sizeof(bsr_heap)));
-}
+namespace {
 
 // Small blocks always fit a chunk; larger ones never come here.
-static bool add_chunk(bsr_heap *heap) {
+bool add_chunk(bsr_heap *heap) {
   const size_t size = kChunk;
   auto *chunk = static_cast<Chunk *>(std::calloc(1, sizeof(Chunk) + size));
   if (chunk == nullptr) return false;
@@ -72,7 +71,7 @@ static bool add_chunk(bsr_heap *heap) {
   return true;
 }
 
-static void *alloc_large(bsr_heap *heap, size_t size) {
+void *alloc_large(bsr_heap *heap, size_t size) {
   auto *block = static_cast<LargeBlock *>(std::calloc(1, sizeof(LargeBlock) + size));
   if (block == nullptr) return nullptr;
   block->next = heap->large;
@@ -84,7 +83,15 @@ static void *alloc_large(bsr_heap *heap, size_t size) {
   return block + 1;
 }
 
-void *bsr_heap_alloc(bsr_heap *heap, size_t size) {
+}  // namespace
+
+namespace utils::text {
+
+bsr_heap *heap_create() {
+  return static_cast<bsr_heap *>(std::calloc(1, sizeof(bsr_heap)));
+}
+
+void *heap_alloc(bsr_heap *heap, size_t size) {
   if (size == 0) size = 1;
   if (size > kMaxSmall) return alloc_large(heap, size);
   size_t cls = class_of(size);
@@ -103,7 +110,7 @@ void *bsr_heap_alloc(bsr_heap *heap, size_t size) {
   return tag + 1;  // chunk memory is still zero from calloc
 }
 
-void bsr_heap_free(bsr_heap *heap, void *ptr) {
+void heap_free(bsr_heap *heap, void *ptr) {
   if (ptr == nullptr || heap == nullptr) return;
   BlockTag *tag = static_cast<BlockTag *>(ptr) - 1;
   if (tag->size_class == 0) {
@@ -120,7 +127,7 @@ void bsr_heap_free(bsr_heap *heap, void *ptr) {
   heap->free_lists[tag->size_class] = freed;
 }
 
-void bsr_heap_destroy(bsr_heap *heap) {
+void heap_destroy(bsr_heap *heap) {
   if (heap == nullptr) return;
   for (Chunk *c = heap->chunks; c != nullptr;) {
     Chunk *next = c->next;
@@ -135,14 +142,16 @@ void bsr_heap_destroy(bsr_heap *heap) {
   std::free(heap);
 }
 
-size_t bsr_heap_footprint(const bsr_heap *heap) { return heap ? heap->footprint : 0; }
+size_t heap_footprint(const bsr_heap *heap) { return heap != nullptr ? heap->footprint : 0; }
 
-void *bsr_alloc_on(bsr_heap *heap, size_t size) {
-  if (heap != nullptr) return bsr_heap_alloc(heap, size);
+void *alloc_on(bsr_heap *heap, size_t size) {
+  if (heap != nullptr) return heap_alloc(heap, size);
   return size > UINT32_MAX ? nullptr : bsr_safe_alloc(static_cast<uint32_t>(size));
 }
 
-void bsr_free_on(bsr_heap *heap, void *ptr) {
-  if (heap != nullptr) bsr_heap_free(heap, ptr);
+void free_on(bsr_heap *heap, void *ptr) {
+  if (heap != nullptr) heap_free(heap, ptr);
   else bsr_free(ptr);
 }
+
+}  // namespace utils::text

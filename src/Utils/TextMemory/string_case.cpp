@@ -1,4 +1,4 @@
-// ASCII-only case conversion of narrow and wide strings and single codes;
+// string_case.cpp - ASCII-only case conversion of narrow and wide strings and single codes;
 // bytes and units outside A-Z / a-z are never changed.
 #include "Utils/TextMemory/string_unit.h"
 #include "bsr_string.h"
@@ -8,13 +8,13 @@ namespace {
 template <typename Unit>
 void to_upper(Unit *s) {
   if (s == nullptr) return;
-  for (; *s != 0; ++s) *s = bsr::fold_upper(*s);
+  for (; *s != 0; ++s) *s = utils::text::fold_upper(*s);
 }
 
 template <typename Unit>
 void to_lower(Unit *s) {
   if (s == nullptr) return;
-  for (; *s != 0; ++s) *s = bsr::fold_lower(*s);
+  for (; *s != 0; ++s) *s = utils::text::fold_lower(*s);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Position-valued comparison of narrow and wide strings: the result tells
+// string_compare.cpp - position-valued comparison of narrow and wide strings: the result tells
 // where the strings first differ (its magnitude) and which is greater (sign).
 #include "Utils/TextMemory/first_difference.h"
 #include "Utils/TextMemory/string_unit.h"
@@ -26,9 +26,9 @@ template <typename Unit>
 int32_t compare_exact(const Unit *a, const Unit *b) {
   int32_t r;
   if (decided_by_pointers(a, b, &r)) return r;
-  size_t i = bsr_first_difference(a, b);
+  size_t i = utils::text::first_difference(a, b);
   if (a[i] == b[i]) return 0;
-  return position_result(i, bsr::unit_order(a[i]) > bsr::unit_order(b[i]));
+  return position_result(i, utils::text::unit_order(a[i]) > utils::text::unit_order(b[i]));
 }
 
 // The general walk: optional ASCII folding, optional bound (limit < 0 means
@@ -38,10 +38,10 @@ int32_t compare_walk(const Unit *a, const Unit *b, bool fold, int64_t limit, boo
   int32_t r;
   if (decided_by_pointers(a, b, &r)) return r;
   for (size_t i = 0; limit < 0 || static_cast<int64_t>(i) < limit; ++i) {
-    Unit x = fold ? bsr::fold_lower(a[i]) : a[i];
-    Unit y = fold ? bsr::fold_lower(b[i]) : b[i];
+    Unit x = fold ? utils::text::fold_lower(a[i]) : a[i];
+    Unit y = fold ? utils::text::fold_lower(b[i]) : b[i];
     if (x != y)
-      return position_result(i, !always_negative && bsr::unit_order(x) > bsr::unit_order(y));
+      return position_result(i, !always_negative && utils::text::unit_order(x) > utils::text::unit_order(y));
     if (x == 0) return 0;
   }
   return 0;

@@ -1,4 +1,4 @@
-// Length, copy, concatenation and the runtime-heap duplicates of narrow and
+// string_copy.cpp - length, copy, concatenation and the runtime-heap duplicates of narrow and
 // wide strings.
 #include <cstdlib>
 #include <cstring>
@@ -13,7 +13,7 @@ void copy(Unit *dst, const Unit *src) {
   if (dst == nullptr || dst == src) return;
   dst[0] = 0;
   if (src == nullptr) return;
-  size_t n = bsr::length(src);
+  size_t n = utils::text::length(src);
   std::memmove(dst, src, (n + 1) * sizeof(Unit));
 }
 
@@ -32,7 +32,7 @@ void copy_bounded(Unit *dst, const Unit *src, int32_t n) {
 template <typename Unit>
 void append(Unit *dst, const Unit *src) {
   if (dst == nullptr || src == nullptr) return;
-  copy(dst + bsr::length(dst), src);
+  copy(dst + utils::text::length(dst), src);
 }
 
 template <typename Unit>
@@ -46,7 +46,7 @@ Unit *heap_copy(const Unit *s, size_t units_to_allocate, size_t units_to_copy) {
 template <typename Unit>
 Unit *duplicate(const Unit *s) {
   if (s == nullptr) return nullptr;
-  size_t n = bsr::length(s) + 1;
+  size_t n = utils::text::length(s) + 1;
   return heap_copy(s, n, n);
 }
 
@@ -70,7 +70,7 @@ UTILS_API uint32_t bsr_strlen(const char *s) {
   return s ? static_cast<uint32_t>(std::strlen(s)) : 0;
 }
 UTILS_API uint32_t bsr_wcslen(const bsr_wchar *s) {
-  return s ? static_cast<uint32_t>(bsr::length(s)) : 0;
+  return s ? static_cast<uint32_t>(utils::text::length(s)) : 0;
 }
 
 UTILS_API void bsr_strcpy(char *dst, const char *src) { copy(dst, src); }

@@ -1,4 +1,4 @@
-// Replacing every occurrence of a substring, in two passes: one that only
+// string_replace.cpp - replacing every occurrence of a substring, in two passes: one that only
 // measures (so the caller can size the target) and one that writes.
 #include <cstring>
 
@@ -22,13 +22,13 @@ const Unit *find_from(const Unit *s, const Unit *find, size_t find_len) {
 template <typename Unit>
 uint32_t replace_all(const Unit *src, const Unit *find, const Unit *repl, Unit *dst) {
   if (src == nullptr || find == nullptr || find[0] == 0 || repl == nullptr) return 0;
-  const size_t find_len = bsr::length(find), repl_len = bsr::length(repl);
+  const size_t find_len = utils::text::length(find), repl_len = utils::text::length(repl);
   if (dst == nullptr) {
     int64_t count = 0;
     for (const Unit *at = find_from(src, find, find_len); at != nullptr;
          at = find_from(at + find_len, find, find_len))
       ++count;
-    int64_t len = static_cast<int64_t>(bsr::length(src)) +
+    int64_t len = static_cast<int64_t>(utils::text::length(src)) +
                   (static_cast<int64_t>(repl_len) - static_cast<int64_t>(find_len)) * count;
     return static_cast<uint32_t>(len);
   }
@@ -43,7 +43,7 @@ uint32_t replace_all(const Unit *src, const Unit *find, const Unit *repl, Unit *
     out += repl_len;
     from = at + find_len;
   }
-  size_t rest = bsr::length(from);
+  size_t rest = utils::text::length(from);
   std::memcpy(out, from, (rest + 1) * sizeof(Unit));
   return static_cast<uint32_t>(out - dst + rest);
 }

@@ -1,4 +1,4 @@
-// Tokenising with a caller-held index, splitting into a caller's array, and
+// string_tokenize.cpp - tokenising with a caller-held index, splitting into a caller's array, and
 // trimming a set of units from both ends, all in place.
 #include <cstring>
 
@@ -11,13 +11,13 @@ template <typename Unit>
 Unit *next_token(Unit *s, uint32_t *pos, const Unit *delims) {
   if (s == nullptr || pos == nullptr || delims == nullptr) return nullptr;
   uint32_t i = *pos;
-  while (s[i] != 0 && bsr::in_set(delims, s[i])) ++i;
+  while (s[i] != 0 && utils::text::in_set(delims, s[i])) ++i;
   if (s[i] == 0) {
     *pos = i;
     return nullptr;
   }
   uint32_t start = i;
-  while (s[i] != 0 && !bsr::in_set(delims, s[i])) ++i;
+  while (s[i] != 0 && !utils::text::in_set(delims, s[i])) ++i;
   if (s[i] != 0) {
     s[i] = 0;
     *pos = i + 1;
@@ -40,9 +40,9 @@ template <typename Unit>
 uint32_t trim(Unit *s, const Unit *set) {
   if (s == nullptr) return 0;  // documented as not allowed; answered cheaply
   size_t begin = 0;
-  while (s[begin] != 0 && bsr::in_set(set, s[begin])) ++begin;
-  size_t end = begin + bsr::length(s + begin);
-  while (end > begin && bsr::in_set(set, s[end - 1])) --end;
+  while (s[begin] != 0 && utils::text::in_set(set, s[begin])) ++begin;
+  size_t end = begin + utils::text::length(s + begin);
+  while (end > begin && utils::text::in_set(set, s[end - 1])) --end;
   size_t len = end - begin;
   if (begin > 0) std::memmove(s, s + begin, len * sizeof(Unit));
   s[len] = 0;

@@ -1,14 +1,14 @@
-// What the narrow and wide string routines share: one template per routine
+// string_unit.h - what the narrow and wide string routines share: one template per routine
 // over the code unit, and the few ways the two kinds of unit differ.
-#ifndef UTILS_STRING_UNIT_H
-#define UTILS_STRING_UNIT_H
+#ifndef UTILS_TEXTMEMORY_STRING_UNIT_H
+#define UTILS_TEXTMEMORY_STRING_UNIT_H
 
 #include <cstddef>
 #include <cstdint>
 
 #include "utils_types.h"
 
-namespace bsr {
+namespace utils::text {
 
 // A narrow unit is read as a signed char where it is taken as a number
 // (character search, delimiter sets); a wide unit is an unsigned 16-bit value.
@@ -52,6 +52,6 @@ inline bool in_set(const Unit *set, Unit c) {
   return find_unit(set, unit_value(c)) != nullptr;
 }
 
-}  // namespace bsr
+}  // namespace utils::text
 
-#endif  // UTILS_STRING_UNIT_H
+#endif  // UTILS_TEXTMEMORY_STRING_UNIT_H

@@ -1,7 +1,7 @@
-// Encodes eight UTF-16 units as UTF-8 at once with SSE2: every unit's bytes
+// utf16_block.h - encodes eight UTF-16 units as UTF-8 at once with SSE2: every unit's bytes
 // and their places are computed in parallel, then stored four at a time.
-#ifndef UTILS_UTF16_BLOCK_H
-#define UTILS_UTF16_BLOCK_H
+#ifndef UTILS_TEXTMEMORY_UTF16_BLOCK_H
+#define UTILS_TEXTMEMORY_UTF16_BLOCK_H
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 #include "Utils/TextMemory/ascii_block.h"
 
-namespace bsr {
+namespace utils::text {
 
 // What one block step did: `used` source units gave `bytes` target bytes.
 // used == 0: nothing was converted, because an unpaired surrogate lies
@@ -158,6 +158,6 @@ inline Utf16BlockResult encode_utf16_block(const bsr_wchar *, unsigned char *) {
 
 #endif
 
-}  // namespace bsr
+}  // namespace utils::text
 
-#endif  // UTILS_UTF16_BLOCK_H
+#endif  // UTILS_TEXTMEMORY_UTF16_BLOCK_H

@@ -1,4 +1,4 @@
-// Strict UTF-16 to UTF-8 conversion into a caller's buffer: a character is
+// utf16_to_utf8.cpp - strict UTF-16 to UTF-8 conversion into a caller's buffer: a character is
 // written whole or not at all, and an unpaired surrogate ends the text.
 #include "bsr_string.h"
 #include "bsr_unicode.h"
@@ -12,9 +12,9 @@ using Byte = unsigned char;
 
 // Room in the fast part: a whole block, ASCII or not, and any one character
 // (at most two units in, four bytes out) fit without a bounds check.
-constexpr ptrdiff_t kFastRead = static_cast<ptrdiff_t>(bsr::kAsciiBlock);
-constexpr ptrdiff_t kFastWrite = bsr::kUtf16BlockWrites;
-static_assert(kFastRead >= bsr::kUtf16BlockReads && kFastWrite >= kFastRead, "block room");
+constexpr ptrdiff_t kFastRead = static_cast<ptrdiff_t>(utils::text::kAsciiBlock);
+constexpr ptrdiff_t kFastWrite = utils::text::kUtf16BlockWrites;
+static_assert(kFastRead >= utils::text::kUtf16BlockReads && kFastWrite >= kFastRead, "block room");
 
 inline bool fast_room(const bsr_wchar *s, const bsr_wchar *end, const Byte *d,
                       const Byte *dend) {
@@ -84,12 +84,12 @@ Byte *convert_tail(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend
 // unpaired surrogate, and convert_tail then stops exactly in front of it.
 Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
   while (fast_room(s, end, d, dend)) {
-    if (bsr::narrow_ascii_block(s, d)) {
-      s += bsr::kAsciiBlock;
-      d += bsr::kAsciiBlock;
+    if (utils::text::narrow_ascii_block(s, d)) {
+      s += utils::text::kAsciiBlock;
+      d += utils::text::kAsciiBlock;
       continue;
     }
-    const bsr::Utf16BlockResult step = bsr::encode_utf16_block(s, d);
+    const utils::text::Utf16BlockResult step = utils::text::encode_utf16_block(s, d);
     if (step.used == 0) break;
     s += step.used;
     d += step.bytes;
@@ -105,9 +105,9 @@ Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
   while (fast_room(s, end, d, dend)) {
     uint32_t v = s[0];
     if (v < 0x80) {
-      if (bsr::narrow_ascii_block(s, d)) {
-        s += bsr::kAsciiBlock;
-        d += bsr::kAsciiBlock;
+      if (utils::text::narrow_ascii_block(s, d)) {
+        s += utils::text::kAsciiBlock;
+        d += utils::text::kAsciiBlock;
       } else {
         do *d++ = static_cast<Byte>(*s++); while (*s < 0x80);
       }

@@ -1,14 +1,14 @@
-// Decodes sixteen bytes of UTF-8 at once with SSE2: classifies the bytes,
+// utf8_block.h - decodes sixteen bytes of UTF-8 at once with SSE2: classifies the bytes,
 // checks the sequences and their values in parallel, then packs the units.
-#ifndef UTILS_UTF8_BLOCK_H
-#define UTILS_UTF8_BLOCK_H
+#ifndef UTILS_TEXTMEMORY_UTF8_BLOCK_H
+#define UTILS_TEXTMEMORY_UTF8_BLOCK_H
 
 #include <cstddef>
 #include <cstdint>
 
 #include "Utils/TextMemory/ascii_block.h"
 
-namespace bsr {
+namespace utils::text {
 
 // What one block step did: `used` source bytes gave `units` target units.
 // used == 0: nothing was converted, because an ill-formed sequence starts
@@ -209,6 +209,6 @@ inline Utf8BlockResult decode_utf8_block(const unsigned char *, bsr_wchar *) { r
 
 #endif
 
-}  // namespace bsr
+}  // namespace utils::text
 
-#endif  // UTILS_UTF8_BLOCK_H
+#endif  // UTILS_TEXTMEMORY_UTF8_BLOCK_H

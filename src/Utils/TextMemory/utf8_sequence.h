@@ -1,11 +1,11 @@
-// The well-formedness rules of UTF-8 sequences, in one place: sequence length
+// utf8_sequence.h - the well-formedness rules of UTF-8 sequences, in one place: sequence length
 // by lead byte and the checked decoding of two-, three- and four-byte forms.
-#ifndef UTILS_UTF8_SEQUENCE_H
-#define UTILS_UTF8_SEQUENCE_H
+#ifndef UTILS_TEXTMEMORY_UTF8_SEQUENCE_H
+#define UTILS_TEXTMEMORY_UTF8_SEQUENCE_H
 
 #include <cstdint>
 
-namespace bsr {
+namespace utils::text {
 
 // Returned by the decoders for an ill-formed sequence; no scalar value has it.
 constexpr uint32_t kIllFormed = 0xFFFFFFFFu;
@@ -59,6 +59,6 @@ inline char16_t low_surrogate_of(uint32_t v) {
   return static_cast<char16_t>(0xDC00u + ((v - 0x10000u) & 0x3FFu));
 }
 
-}  // namespace bsr
+}  // namespace utils::text
 
-#endif  // UTILS_UTF8_SEQUENCE_H
+#endif  // UTILS_TEXTMEMORY_UTF8_SEQUENCE_H

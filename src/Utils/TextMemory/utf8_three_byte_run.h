@@ -1,7 +1,7 @@
-// Chinese and Japanese text in UTF-8 is runs of three-byte characters; these
+// utf8_three_byte_run.h - Chinese and Japanese text in UTF-8 is runs of three-byte characters; these
 // convert such runs to UTF-16 two characters per step, with one mask check.
-#ifndef UTILS_UTF8_THREE_BYTE_RUN_H
-#define UTILS_UTF8_THREE_BYTE_RUN_H
+#ifndef UTILS_TEXTMEMORY_UTF8_THREE_BYTE_RUN_H
+#define UTILS_TEXTMEMORY_UTF8_THREE_BYTE_RUN_H
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 #include "utils_types.h"
 
-namespace bsr {
+namespace utils::text {
 
 // Four three-byte leads in a row (each byte 1110xxxx): a run worth the
 // pairwise loop below, which beats decoding blocks of which two thirds of
@@ -59,6 +59,6 @@ inline bool convert_three_byte_run(const unsigned char *&s, const unsigned char 
   return s != start;
 }
 
-}  // namespace bsr
+}  // namespace utils::text
 
-#endif  // UTILS_UTF8_THREE_BYTE_RUN_H
+#endif  // UTILS_TEXTMEMORY_UTF8_THREE_BYTE_RUN_H

@@ -1,4 +1,4 @@
-// Strict UTF-8 to UTF-16 conversion into a caller's buffer: converts whole,
+// utf8_to_utf16.cpp - strict UTF-8 to UTF-16 conversion into a caller's buffer: converts whole,
 // well-formed characters up to the first one that is bad, cut off or too big.
 #include "bsr_string.h"
 #include "bsr_unicode.h"
@@ -10,14 +10,14 @@
 
 namespace {
 
-using bsr::kIllFormed;
+using utils::text::kIllFormed;
 using Byte = unsigned char;
 
 // Room in the fast part: a whole block, ASCII or not, and any one character
 // (at most four bytes in, two units out) fit without a bounds check.
 inline bool fast_room(const Byte *s, const Byte *end, const bsr_wchar *d,
                       const bsr_wchar *dend) {
-  return end - s >= bsr::kUtf8BlockReads && dend - d >= bsr::kUtf8BlockWrites;
+  return end - s >= utils::text::kUtf8BlockReads && dend - d >= utils::text::kUtf8BlockWrites;
 }
 
 // Every stop looks the same to the caller (the text before it is kept), so
@@ -33,23 +33,23 @@ bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d,
       ++s;
       continue;
     }
-    const unsigned len = bsr::utf8_sequence_length(c);
+    const unsigned len = utils::text::utf8_sequence_length(c);
     if (len == 0 || static_cast<ptrdiff_t>(len) > end - s) break;
     uint32_t v;
     if (len == 2)
-      v = bsr::utf8_decode2(c, s[1]);
+      v = utils::text::utf8_decode2(c, s[1]);
     else if (len == 3)
-      v = bsr::utf8_decode3(c, s[1], s[2]);
+      v = utils::text::utf8_decode3(c, s[1], s[2]);
     else
-      v = bsr::utf8_decode4(c, s[1], s[2], s[3]);
+      v = utils::text::utf8_decode4(c, s[1], s[2], s[3]);
     if (v == kIllFormed) break;
     if (v <= 0xFFFF) {
       if (d == dend) break;
       *d++ = static_cast<bsr_wchar>(v);
     } else {
       if (dend - d < 2) break;  // never half a pair
-      d[0] = bsr::high_surrogate_of(v);
-      d[1] = bsr::low_surrogate_of(v);
+      d[0] = utils::text::high_surrogate_of(v);
+      d[1] = utils::text::low_surrogate_of(v);
       d += 2;
     }
     s += len;
@@ -65,13 +65,13 @@ bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d,
 // exactly in front of it.
 bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend) {
   while (fast_room(s, end, d, dend)) {
-    if (bsr::widen_ascii_block(s, d)) {
-      s += bsr::kAsciiBlock;
-      d += bsr::kAsciiBlock;
+    if (utils::text::widen_ascii_block(s, d)) {
+      s += utils::text::kAsciiBlock;
+      d += utils::text::kAsciiBlock;
       continue;
     }
-    if (bsr::starts_three_byte_run(s) && bsr::convert_three_byte_run(s, end, d, dend)) continue;
-    const bsr::Utf8BlockResult step = bsr::decode_utf8_block(s, d);
+    if (utils::text::starts_three_byte_run(s) && utils::text::convert_three_byte_run(s, end, d, dend)) continue;
+    const utils::text::Utf8BlockResult step = utils::text::decode_utf8_block(s, d);
     if (step.used == 0) break;
     s += step.used;
     d += step.units;
@@ -88,23 +88,23 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
   while (fast_room(s, end, d, dend)) {
     const unsigned c = s[0];
     if (c < 0x80) {
-      if (bsr::widen_ascii_block(s, d)) {
-        s += bsr::kAsciiBlock;
-        d += bsr::kAsciiBlock;
+      if (utils::text::widen_ascii_block(s, d)) {
+        s += utils::text::kAsciiBlock;
+        d += utils::text::kAsciiBlock;
       } else {
         do *d++ = *s++; while (*s < 0x80);
       }
     } else if (c < 0xE0) {
       do {
-        const uint32_t v = s[0] < 0xC2 ? kIllFormed : bsr::utf8_decode2(s[0], s[1]);
+        const uint32_t v = s[0] < 0xC2 ? kIllFormed : utils::text::utf8_decode2(s[0], s[1]);
         if (v == kIllFormed) return d;
         *d++ = static_cast<bsr_wchar>(v);
         s += 2;
       } while (fast_room(s, end, d, dend) && (s[0] & 0xE0) == 0xC0);
     } else if (c < 0xF0) {
-      if (bsr::starts_three_byte_run(s) && bsr::convert_three_byte_run(s, end, d, dend)) continue;
+      if (utils::text::starts_three_byte_run(s) && utils::text::convert_three_byte_run(s, end, d, dend)) continue;
       do {
-        const uint32_t v = bsr::utf8_decode3(s[0], s[1], s[2]);
+        const uint32_t v = utils::text::utf8_decode3(s[0], s[1], s[2]);
         if (v == kIllFormed) return d;
         *d++ = static_cast<bsr_wchar>(v);
         s += 3;
@@ -112,10 +112,10 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
     } else {
       do {
         const uint32_t v = s[0] > 0xF4 ? kIllFormed
-                                       : bsr::utf8_decode4(s[0], s[1], s[2], s[3]);
+                                       : utils::text::utf8_decode4(s[0], s[1], s[2], s[3]);
         if (v == kIllFormed) return d;
-        d[0] = bsr::high_surrogate_of(v);
-        d[1] = bsr::low_surrogate_of(v);
+        d[0] = utils::text::high_surrogate_of(v);
+        d[1] = utils::text::low_surrogate_of(v);
         d += 2;
         s += 4;
       } while (fast_room(s, end, d, dend) && (s[0] & 0xF8) == 0xF0);
