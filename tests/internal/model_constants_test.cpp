@@ -1,4 +1,4 @@
-// Inside the library image: the integer constants lie one after another, and
+// model_constants_test.cpp - inside the library image: the integer constants lie one after another, and
 // the unexported string constants are what they say.
 #include <gtest/gtest.h>
 
@@ -9,13 +9,13 @@
 namespace {
 
 TEST(ModelConstants, LayoutAndUnexportedConstants) {
-  for (int n = 0; n <= 60; ++n) EXPECT_EQ(bsr_val_int_table[n], &val_int_0 + n);
+  for (int n = 0; n <= 60; ++n) EXPECT_EQ(utils_val_int_table[n], &val_int_0 + n);
   EXPECT_EQ(sizeof(val), 2 * sizeof(void *));
-  EXPECT_EQ(std::u16string(val_wstring(&bsr_val_string_x)), u"x");
-  EXPECT_EQ(bsr_val_string_x.c.atom.ref_count, -1);
-  EXPECT_NE(&bsr_val_ffeature_default, val_string_n(0));
-  EXPECT_EQ(val_equal(&bsr_val_ffeature_default, val_string_n(0)), 1);
-  EXPECT_EQ(bsr_val_string_table[33], val_string_n(33));
+  EXPECT_EQ(std::u16string(val_wstring(&utils_val_string_x)), u"x");
+  EXPECT_EQ(utils_val_string_x.c.atom.ref_count, -1);
+  EXPECT_NE(&utils_val_ffeature_default, val_string_n(0));
+  EXPECT_EQ(val_equal(&utils_val_ffeature_default, val_string_n(0)), 1);
+  EXPECT_EQ(utils_val_string_table[33], val_string_n(33));
 }
 
 }  // namespace

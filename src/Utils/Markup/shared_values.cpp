@@ -19,14 +19,14 @@ SharedValues::~SharedValues() {
 val *SharedValues::make(const char *utf8, size_t length, bool lead_blank) {
   uint64_t units = static_cast<uint64_t>(length) + 1 + (lead_blank ? 1 : 0);
   if (units * sizeof(bsr_wchar) > 0x7FFFFFF0u) return nullptr;
-  val *v = bsr_wstring_val_with_room(static_cast<uint32_t>(units));
+  val *v = utils::model::wstring_val_with_room(static_cast<uint32_t>(units));
   if (!v) return nullptr;
   auto *text = static_cast<bsr_wchar *>(v->c.atom.payload.p);
   if (lead_blank) *text++ = u' ';
   bsr_UTF8ToUTF16(utf8, static_cast<uint32_t>(length), text, static_cast<uint32_t>(length + 1));
   uint64_t used = bsr_wcslen(static_cast<bsr_wchar *>(v->c.atom.payload.p)) + 1;
   if (units - used > 16 && units - used > units / 4) {
-    v = bsr_wstring_val_fit(v, static_cast<uint32_t>(used));
+    v = utils::model::wstring_val_fit(v, static_cast<uint32_t>(used));
   }
   return v;
 }

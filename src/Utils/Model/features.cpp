@@ -1,13 +1,16 @@
-// Feature sets: making and deleting them, setting, finding and removing
+// features.cpp - feature sets: making and deleting them, setting, finding and removing
 // named values (newest name first; a replaced value keeps its place).
 #include <cstring>
 
+#include "Utils/Model/feature_store.h"
 #include "Utils/Model/val_cell.h"
 #include "Utils/TextMemory/private_heap.h"
 #include "bsr_string.h"
 #include "utt_features.h"
 
 namespace {
+
+using utils::model::cell_mut;
 
 // Exactly when bsr_strcmp(a, b) == 0 (null equals only null), but with the
 // first byte tested inline and the C library's compare for the rest: names
@@ -33,6 +36,40 @@ void free_pair(features *f, feature_pair *p) {
 
 }  // namespace
 
+namespace utils::model {
+
+bool store_value(features *f, const char *name, const val *v) {
+  if (f == nullptr || v == nullptr) return false;
+  if (feature_pair *p = find_pair(f, name); p != nullptr) {
+    // Released first, then raised: re-setting a value held only here onto
+    // itself frees it (callers must not do that).
+    delete_val(p->value);
+    val_inc_refcount(v);
+    p->value = cell_mut(v);
+    return true;
+  }
+  auto *p = static_cast<feature_pair *>(text::alloc_on(f->heap, sizeof(feature_pair)));
+  if (p == nullptr) return false;
+  p->name = tts_strdup(name);
+  if (p->name == nullptr && name != nullptr) {
+    text::free_on(f->heap, p);
+    return false;
+  }
+  val_inc_refcount(v);
+  p->value = cell_mut(v);
+  p->next = f->head;
+  f->head = p;
+  return true;
+}
+
+bool adopt_value(features *f, const char *name, val *v) {
+  if (store_value(f, name, v)) return true;
+  delete_val(v);  // nobody holds it: freed
+  return false;
+}
+
+}  // namespace utils::model
+
 extern "C" {
 
 UTILS_API features *new_features(void) { return new_features_local(nullptr); }
@@ -54,49 +91,19 @@ UTILS_API void delete_features(features *f) {
 }
 
 UTILS_API void feat_set(features *f, const char *name, const val *v) {
-  if (f == nullptr || v == nullptr) return;
-  if (feature_pair *p = find_pair(f, name)) {
-    // Released first, then raised: re-setting a value held only here onto
-    // itself frees it (callers must not do that).
-    delete_val(p->value);
-    val_inc_refcount(v);
-    p->value = cell_mut(v);
-    return;
-  }
-  auto *p = static_cast<feature_pair *>(utils::text::alloc_on(f->heap, sizeof(feature_pair)));
-  if (p == nullptr) return;
-  p->name = tts_strdup(name);
-  if (p->name == nullptr && name != nullptr) {
-    utils::text::free_on(f->heap, p);
-    return;
-  }
-  val_inc_refcount(v);
-  p->value = cell_mut(v);
-  p->next = f->head;
-  f->head = p;
-}
-
-// Stores a value made for the set; if the set could not take it (no memory
-// for the pair), the value is released instead of leaking.
-static void feat_set_fresh(features *f, const char *name, val *v) {
-  if (f == nullptr || v == nullptr) {
-    delete_val(v);
-    return;
-  }
-  feat_set(f, name, v);
-  if (v->c.atom.ref_count == 0) delete_val(v);
+  utils::model::store_value(f, name, v);
 }
 
 UTILS_API void feat_set_int(features *f, const char *name, int32_t i) {
-  feat_set_fresh(f, name, int_val(i));
+  utils::model::adopt_value(f, name, int_val(i));
 }
 
 UTILS_API void feat_set_float(features *f, const char *name, float x) {
-  feat_set_fresh(f, name, float_val(x));
+  utils::model::adopt_value(f, name, float_val(x));
 }
 
 UTILS_API void feat_set_wstring(features *f, const char *name, const bsr_wchar *s) {
-  feat_set_fresh(f, name, wstring_val(s));
+  utils::model::adopt_value(f, name, wstring_val(s));
 }
 
 UTILS_API const val *feat_val(const features *f, const char *name) {
@@ -105,11 +112,11 @@ UTILS_API const val *feat_val(const features *f, const char *name) {
 }
 
 UTILS_API int32_t feat_int(const features *f, const char *name) {
-  return bsr_val_int_of(feat_val(f, name));
+  return utils::model::int_of(feat_val(f, name));
 }
 
 UTILS_API float feat_float(const features *f, const char *name) {
-  return bsr_val_float_of(feat_val(f, name));
+  return utils::model::float_of(feat_val(f, name));
 }
 
 UTILS_API const bsr_wchar *feat_wstring(const features *f, const char *name) {

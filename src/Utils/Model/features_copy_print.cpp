@@ -1,10 +1,13 @@
-// Feature sets beyond the basics: copying into another set (values shared),
+// features_copy_print.cpp - feature sets beyond the basics: copying into another set (values shared),
 // printing as markup attributes, and readers with the caller's default.
 #include <cstdio>
 
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "utt_features.h"
+
+using utils::model::int_of;
+using utils::model::float_of;
 
 extern "C" {
 
@@ -34,12 +37,12 @@ UTILS_API int feat_print(FILE *stream, const features *f) {
 
 UTILS_API int32_t get_param_int(const features *f, const char *name, int32_t def) {
   const val *v = feat_val(f, name);
-  return v != nullptr ? bsr_val_int_of(v) : def;
+  return v != nullptr ? int_of(v) : def;
 }
 
 UTILS_API float get_param_float(const features *f, const char *name, float def) {
   const val *v = feat_val(f, name);
-  return v != nullptr ? bsr_val_float_of(v) : def;
+  return v != nullptr ? float_of(v) : def;
 }
 
 UTILS_API const val *get_param_val(const features *f, const char *name, const val *def) {

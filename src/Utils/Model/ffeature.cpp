@@ -1,10 +1,14 @@
-// Feature paths: one walker that follows the steps of a path ("n", "parent",
+// ffeature.cpp - feature paths: one walker that follows the steps of a path ("n", "parent",
 // "R:Word", ...) from an item, answering either the final feature name or the
 // item reached. It copies the path into a fixed stack buffer and allocates
 // nothing.
 #include "bsr_string.h"
 #include "utt_ffeature.h"
+#include "Utils/Model/feature_store.h"
 #include "Utils/Model/val_cell.h"
+
+using utils::model::int_of;
+using utils::model::float_of;
 
 namespace {
 
@@ -98,16 +102,16 @@ Walk walk(const item *start, const Tokens &t, int stop) {
 
 // The registered feature function of `name` shadows the item's feature.
 const val *answer(const item *i, const char *name) {
-  if (i == nullptr) return &bsr_val_ffeature_default;
+  if (i == nullptr) return &utils_val_ffeature_default;
   utterance *u = item_utt(i);
   if (u != nullptr) {
     if (ffunc fn = val_ffunc(feat_val(u->ffunctions, name))) {
       const val *v = fn(i);
-      return v != nullptr ? v : &bsr_val_ffeature_default;
+      return v != nullptr ? v : &utils_val_ffeature_default;
     }
   }
   const val *v = item_feat(i, name);
-  return v != nullptr ? v : &bsr_val_ffeature_default;
+  return v != nullptr ? v : &utils_val_ffeature_default;
 }
 
 }  // namespace
@@ -122,16 +126,16 @@ UTILS_API const val *ffeature(const item *i, const char *path) {
   if (w.failed) return nullptr;
   // An "R" step may consume the last token as its relation name; the walk
   // then has no feature name left and answers the default.
-  if (w.at == nullptr || w.next_token != t.count - 1) return &bsr_val_ffeature_default;
+  if (w.at == nullptr || w.next_token != t.count - 1) return &utils_val_ffeature_default;
   return answer(w.at, t.token[t.count - 1]);
 }
 
 UTILS_API int32_t ffeature_int(const item *i, const char *path) {
-  return bsr_val_int_of(ffeature(i, path));
+  return int_of(ffeature(i, path));
 }
 
 UTILS_API float ffeature_float(const item *i, const char *path) {
-  return bsr_val_float_of(ffeature(i, path));
+  return float_of(ffeature(i, path));
 }
 
 UTILS_API const bsr_wchar *ffeature_wstring(const item *i, const char *path) {
@@ -149,9 +153,7 @@ UTILS_API item *path_to_item(const item *i, const char *path) {
 
 UTILS_API void ff_register(features *ffunctions, const char *name, ffunc fn) {
   if (ffunctions == nullptr || feat_present(ffunctions, name)) return;
-  val *v = ffunc_val(fn);
-  feat_set(ffunctions, name, v);
-  if (v != nullptr && v->c.atom.ref_count == 0) delete_val(v);  // not stored
+  utils::model::adopt_value(ffunctions, name, ffunc_val(fn));
 }
 
 UTILS_API int ff_unregister(features *ffunctions, const char *name) {

@@ -1,7 +1,8 @@
-// Item contents: one record per object, shared by its items in every
+// item_contents.cpp - item contents: one record per object, shared by its items in every
 // relation, alive while some relation holds an item of it.
 #include "Utils/Model/item_contents.h"
 
+#include "Utils/Model/feature_store.h"
 #include "Utils/TextMemory/private_heap.h"
 
 namespace {
@@ -28,18 +29,18 @@ void free_contents(bsr_heap *heap, item_contents *c) {
 
 }  // namespace
 
+namespace utils::model {
+
 bool attach_contents(item *i, const item *shared) {
   item_contents *c = shared != nullptr ? shared->contents : nullptr;
-  if (c == nullptr) c = new_contents(relation_heap(i->relation));
+  if (c == nullptr) c = new_contents(heap_of(i->relation));
   if (c == nullptr) return false;
   if (i->contents == c) return true;
   detach_contents(i);
   i->contents = c;
   // An entry already naming an item of this relation is replaced: the entry
   // names the newest item attached.
-  val *entry = item_val(i);
-  feat_set(c->relations, i->relation->name, entry);
-  if (entry != nullptr && entry->c.atom.ref_count == 0) delete_val(entry);  // set was full
+  adopt_value(c->relations, i->relation->name, item_val(i));
   return true;
 }
 
@@ -47,6 +48,8 @@ void detach_contents(item *i) {
   item_contents *c = i->contents;
   if (c == nullptr) return;
   feat_remove(c->relations, i->relation->name);
-  if (c->relations->head == nullptr) free_contents(relation_heap(i->relation), c);
+  if (c->relations->head == nullptr) free_contents(heap_of(i->relation), c);
   i->contents = nullptr;
 }
+
+}  // namespace utils::model

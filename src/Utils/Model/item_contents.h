@@ -1,13 +1,15 @@
-// Attaching item contents (the features an object shares across relations)
+// item_contents.h - attaching item contents (the features an object shares across relations)
 // to items, and detaching them, which frees them with their last item.
 #ifndef UTILS_MODEL_ITEM_CONTENTS_H
 #define UTILS_MODEL_ITEM_CONTENTS_H
 
 #include "utterance.h"
 
+namespace utils::model {
+
 // The heap of a relation's records: its utterance's, or null (the local
 // allocator) for a relation without an utterance.
-inline bsr_heap *relation_heap(const relation *r) {
+inline bsr_heap *heap_of(const relation *r) {
   return r != nullptr && r->utterance != nullptr ? r->utterance->heap : nullptr;
 }
 
@@ -19,5 +21,7 @@ bool attach_contents(item *i, const item *shared);
 // Removes `i` from its contents' relation table and frees the contents when
 // no relation refers to them any more. `i` is left without contents.
 void detach_contents(item *i);
+
+}  // namespace utils::model
 
 #endif  // UTILS_MODEL_ITEM_CONTENTS_H

@@ -1,8 +1,11 @@
-// An item's features are its contents' set, seen the same from every
+// item_features.cpp - an item's features are its contents' set, seen the same from every
 // relation holding the object; these forward to the feature-set functions.
 #include "utterance.h"
 
 #include "Utils/Model/val_cell.h"
+
+using utils::model::int_of;
+using utils::model::float_of;
 
 namespace {
 
@@ -29,11 +32,11 @@ UTILS_API int item_feat_remove(item *i, const char *name) {
 }
 
 UTILS_API int32_t item_feat_int(const item *i, const char *name) {
-  return bsr_val_int_of(feat_val(feats_of(i), name));
+  return int_of(feat_val(feats_of(i), name));
 }
 
 UTILS_API float item_feat_float(const item *i, const char *name) {
-  return bsr_val_float_of(feat_val(feats_of(i), name));
+  return float_of(feat_val(feats_of(i), name));
 }
 
 UTILS_API const bsr_wchar *item_feat_wstring(const item *i, const char *name) {

@@ -1,7 +1,10 @@
-// Items as nodes of a relation: reading sibling and tree links, inserting new
+// item_links.cpp - items as nodes of a relation: reading sibling and tree links, inserting new
 // items around an item or under it, and deleting an item with its subtree.
 #include "Utils/Model/item_contents.h"
 #include "Utils/TextMemory/private_heap.h"
+
+using utils::model::heap_of;
+using utils::model::detach_contents;
 
 namespace {
 
@@ -116,7 +119,7 @@ UTILS_API void delete_item(item *i) {
   unlink_item(i);
   while (i->down != nullptr) delete_item(i->down);
   detach_contents(i);
-  utils::text::free_on(relation_heap(i->relation), i);
+  utils::text::free_on(heap_of(i->relation), i);
 }
 
 }  // extern "C"

@@ -1,8 +1,11 @@
-// Relations: named lists (or trees) of items on their utterance's heap, and
+// relation.cpp - relations: named lists (or trees) of items on their utterance's heap, and
 // the making of new items with shared or fresh contents.
 #include "Utils/Model/item_contents.h"
 #include "Utils/TextMemory/private_heap.h"
 #include "bsr_string.h"
+
+using utils::model::heap_of;
+using utils::model::attach_contents;
 
 namespace {
 
@@ -34,7 +37,7 @@ UTILS_API void delete_relation(relation *r) {
   while (r->head != nullptr) delete_item(r->head);
   delete_features(r->features);
   bsr_free(r->name);
-  utils::text::free_on(relation_heap(r), r);
+  utils::text::free_on(heap_of(r), r);
 }
 
 UTILS_API const char *relation_name(const relation *r) { return r != nullptr ? r->name : "NoName"; }
@@ -48,7 +51,7 @@ UTILS_API item *relation_tail(const relation *r) { return r != nullptr ? r->tail
 // that outlive or precede some of their items.
 UTILS_API item *new_item_relation(relation *r, const item *shared) {
   if (r == nullptr || !can_share_into(r, shared)) return nullptr;
-  bsr_heap *heap = relation_heap(r);
+  bsr_heap *heap = heap_of(r);
   auto *i = static_cast<item *>(utils::text::alloc_on(heap, sizeof(item)));
   if (i == nullptr) return nullptr;
   i->relation = r;

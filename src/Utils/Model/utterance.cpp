@@ -1,7 +1,8 @@
-// Utterances: a private heap, the utterance's features, its feature
+// utterance.cpp - utterances: a private heap, the utterance's features, its feature
 // functions and its table of named relations.
 #include "utterance.h"
 
+#include "Utils/Model/feature_store.h"
 #include "Utils/TextMemory/private_heap.h"
 #include "bsr_string.h"
 
@@ -40,10 +41,8 @@ UTILS_API relation *utt_relation_create(utterance *u, const char *name) {
   utt_relation_delete(u, name);
   relation *r = new_relation(name, u);
   if (r == nullptr) return nullptr;
-  val *entry = relation_val(r);
-  feat_set(u->relations, name, entry);
-  if (entry == nullptr || entry->c.atom.ref_count == 0) {  // not entered: don't leak it
-    delete_val(entry);
+  // A relation that cannot be entered in the table is not kept.
+  if (!utils::model::adopt_value(u->relations, name, relation_val(r))) {
     delete_relation(r);
     return nullptr;
   }

@@ -1,5 +1,6 @@
-// Inside view of a value cell: telling atoms from conses, reading the type
-// and count, and the constants that are not exported by name.
+// val_cell.h - inside view of a value cell: telling atoms from conses,
+// reading the type and count, and the constants that are not exported by
+// name.
 #ifndef UTILS_MODEL_VAL_CELL_H
 #define UTILS_MODEL_VAL_CELL_H
 
@@ -13,21 +14,24 @@
 extern "C" {
 #endif
 
-// The wide-string constants "0".."60" behind val_string_n, the integer
-// constants behind val_int_n (both indexed 0..60), the constant "x" that
-// structural features answer when an item lacks the asked-for structure, and
-// the default answer of a feature path (a "0" of its own, told apart from
-// val_string_n(0) by its address only).
-extern const val *const bsr_val_int_table[61];
-extern const val *const bsr_val_string_table[61];
-extern const val bsr_val_string_x;
-extern const val bsr_val_ffeature_default;
+// Defined in val_constants.c, hence C linkage. The wide-string constants
+// "0".."60" behind val_string_n, the integer constants behind val_int_n
+// (both indexed 0..60), the constant "x" that structural features answer
+// when an item lacks the asked-for structure, and the default answer of a
+// feature path (a "0" of its own, told apart from val_string_n(0) by its
+// address only).
+extern const val *const utils_val_int_table[61];
+extern const val *const utils_val_string_table[61];
+extern const val utils_val_string_x;
+extern const val utils_val_ffeature_default;
 
 #ifdef __cplusplus
 }
 #endif
 
 #ifdef __cplusplus
+
+namespace utils::model {
 
 // Type codes: 2 * row of bsr_val_defs + 1.
 enum ValType : int16_t {
@@ -50,11 +54,11 @@ enum ValType : int16_t {
 // the cell: zeroed room for `units` wide characters (the terminator
 // included), reached through the payload. One allocation instead of two;
 // releasing the atom frees both at once. Null when memory runs out.
-val *bsr_wstring_val_with_room(uint32_t units);
+val *wstring_val_with_room(uint32_t units);
 
 // Gives back unused room of such an atom, keeping `units` characters; the
 // atom may move. Returns the atom (the old one when it cannot shrink).
-val *bsr_wstring_val_fit(val *v, uint32_t units);
+val *wstring_val_fit(val *v, uint32_t units);
 
 // True when `v`'s string is carried in its own block (see above).
 inline bool wstring_in_cell_block(const val *v) {
@@ -62,8 +66,8 @@ inline bool wstring_in_cell_block(const val *v) {
 }
 
 // val_int and val_float as the library itself calls them (see val_read.cpp).
-int32_t bsr_val_int_of(const val *v);
-float bsr_val_float_of(const val *v);
+int32_t int_of(const val *v);
+float float_of(const val *v);
 
 // The first 16 bits of a cell: an odd type code for an atom, the low bits of
 // the (aligned) car pointer for a cons.
@@ -80,6 +84,8 @@ inline bool cell_is_atom_of(const val *v, int16_t type) {
 // than -1 are ever written, and those come from the allocator, never from
 // read-only data.
 inline val *cell_mut(const val *v) { return const_cast<val *>(v); }
+
+}  // namespace utils::model
 
 #endif
 

@@ -1,7 +1,15 @@
-// Comparing values: structural equality with its start-word shortcut, and
+// val_compare.cpp - comparing values: structural equality with its start-word shortcut, and
 // the numeric orderings (strings read as 0.0).
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
+
+using utils::model::cell_start;
+using utils::model::cell_is_cons;
+using utils::model::int_of;
+using utils::model::float_of;
+using utils::model::kValInt;
+using utils::model::kValFloat;
+using utils::model::kValWstring;
 
 extern "C" {
 
@@ -21,7 +29,7 @@ UTILS_API int val_equal(const val *a, const val *b) {
       continue;
     }
     switch (cell_start(a)) {
-      case kValInt: return bsr_val_int_of(a) == bsr_val_int_of(b) ? 1 : 0;
+      case kValInt: return int_of(a) == int_of(b) ? 1 : 0;
       case kValFloat: return a->c.atom.payload.f == b->c.atom.payload.f ? 1 : 0;
       case kValWstring: return bsr_wcscmp(val_wstring(a), val_wstring(b)) == 0 ? 1 : 0;
       default: return a->c.atom.payload.p == b->c.atom.payload.p ? 1 : 0;
@@ -29,10 +37,10 @@ UTILS_API int val_equal(const val *a, const val *b) {
   }
 }
 
-UTILS_API int val_less(const val *a, const val *b) { return bsr_val_float_of(a) < bsr_val_float_of(b) ? 1 : 0; }
+UTILS_API int val_less(const val *a, const val *b) { return float_of(a) < float_of(b) ? 1 : 0; }
 
 UTILS_API int val_greater(const val *a, const val *b) {
-  return bsr_val_float_of(a) > bsr_val_float_of(b) ? 1 : 0;
+  return float_of(a) > float_of(b) ? 1 : 0;
 }
 
 }  // extern "C"

@@ -1,151 +1,151 @@
-/* The constant values: integer atoms 0..60 (exported, one after another in a
- * single read-only array), wide-string atoms "0".."60" and "x", and the
- * default answer of feature paths. Their count is -1: never counted or freed. */
+// val_constants.c - the constant values: integer atoms 0..60 (exported, one after another in a
+// single read-only array), wide-string atoms "0".."60" and "x", and the
+// default answer of feature paths. Their count is -1: never counted or freed.
 #include "Utils/Model/val_cell.h"
 
-#define INT_ATOM(n) { .c.atom = { .type = BSR_VAL_INT, .ref_count = -1, .payload.i = (n) } }
-#define WSTRING_ATOM(text) \
+#define UTILS_INT_ATOM(n) { .c.atom = { .type = BSR_VAL_INT, .ref_count = -1, .payload.i = (n) } }
+#define UTILS_WSTRING_ATOM(text) \
   { .c.atom = { .type = BSR_VAL_WSTRING, .ref_count = -1, .payload.p = (void *)(text) } }
 
-/* One array keeps the integers consecutive; each exported name is a symbol
- * placed on its element (see EXPORT_INT_ATOM). */
-__attribute__((visibility("hidden"), aligned(16))) const val bsr_val_int_atoms[61] = {
-    INT_ATOM(0),
-    INT_ATOM(1),
-    INT_ATOM(2),
-    INT_ATOM(3),
-    INT_ATOM(4),
-    INT_ATOM(5),
-    INT_ATOM(6),
-    INT_ATOM(7),
-    INT_ATOM(8),
-    INT_ATOM(9),
-    INT_ATOM(10),
-    INT_ATOM(11),
-    INT_ATOM(12),
-    INT_ATOM(13),
-    INT_ATOM(14),
-    INT_ATOM(15),
-    INT_ATOM(16),
-    INT_ATOM(17),
-    INT_ATOM(18),
-    INT_ATOM(19),
-    INT_ATOM(20),
-    INT_ATOM(21),
-    INT_ATOM(22),
-    INT_ATOM(23),
-    INT_ATOM(24),
-    INT_ATOM(25),
-    INT_ATOM(26),
-    INT_ATOM(27),
-    INT_ATOM(28),
-    INT_ATOM(29),
-    INT_ATOM(30),
-    INT_ATOM(31),
-    INT_ATOM(32),
-    INT_ATOM(33),
-    INT_ATOM(34),
-    INT_ATOM(35),
-    INT_ATOM(36),
-    INT_ATOM(37),
-    INT_ATOM(38),
-    INT_ATOM(39),
-    INT_ATOM(40),
-    INT_ATOM(41),
-    INT_ATOM(42),
-    INT_ATOM(43),
-    INT_ATOM(44),
-    INT_ATOM(45),
-    INT_ATOM(46),
-    INT_ATOM(47),
-    INT_ATOM(48),
-    INT_ATOM(49),
-    INT_ATOM(50),
-    INT_ATOM(51),
-    INT_ATOM(52),
-    INT_ATOM(53),
-    INT_ATOM(54),
-    INT_ATOM(55),
-    INT_ATOM(56),
-    INT_ATOM(57),
-    INT_ATOM(58),
-    INT_ATOM(59),
-    INT_ATOM(60)
+// One array keeps the integers consecutive; each exported name is a symbol
+// placed on its element (see UTILS_EXPORT_INT_ATOM).
+__attribute__((visibility("hidden"), aligned(16))) const val utils_val_int_atoms[61] = {
+    UTILS_INT_ATOM(0),
+    UTILS_INT_ATOM(1),
+    UTILS_INT_ATOM(2),
+    UTILS_INT_ATOM(3),
+    UTILS_INT_ATOM(4),
+    UTILS_INT_ATOM(5),
+    UTILS_INT_ATOM(6),
+    UTILS_INT_ATOM(7),
+    UTILS_INT_ATOM(8),
+    UTILS_INT_ATOM(9),
+    UTILS_INT_ATOM(10),
+    UTILS_INT_ATOM(11),
+    UTILS_INT_ATOM(12),
+    UTILS_INT_ATOM(13),
+    UTILS_INT_ATOM(14),
+    UTILS_INT_ATOM(15),
+    UTILS_INT_ATOM(16),
+    UTILS_INT_ATOM(17),
+    UTILS_INT_ATOM(18),
+    UTILS_INT_ATOM(19),
+    UTILS_INT_ATOM(20),
+    UTILS_INT_ATOM(21),
+    UTILS_INT_ATOM(22),
+    UTILS_INT_ATOM(23),
+    UTILS_INT_ATOM(24),
+    UTILS_INT_ATOM(25),
+    UTILS_INT_ATOM(26),
+    UTILS_INT_ATOM(27),
+    UTILS_INT_ATOM(28),
+    UTILS_INT_ATOM(29),
+    UTILS_INT_ATOM(30),
+    UTILS_INT_ATOM(31),
+    UTILS_INT_ATOM(32),
+    UTILS_INT_ATOM(33),
+    UTILS_INT_ATOM(34),
+    UTILS_INT_ATOM(35),
+    UTILS_INT_ATOM(36),
+    UTILS_INT_ATOM(37),
+    UTILS_INT_ATOM(38),
+    UTILS_INT_ATOM(39),
+    UTILS_INT_ATOM(40),
+    UTILS_INT_ATOM(41),
+    UTILS_INT_ATOM(42),
+    UTILS_INT_ATOM(43),
+    UTILS_INT_ATOM(44),
+    UTILS_INT_ATOM(45),
+    UTILS_INT_ATOM(46),
+    UTILS_INT_ATOM(47),
+    UTILS_INT_ATOM(48),
+    UTILS_INT_ATOM(49),
+    UTILS_INT_ATOM(50),
+    UTILS_INT_ATOM(51),
+    UTILS_INT_ATOM(52),
+    UTILS_INT_ATOM(53),
+    UTILS_INT_ATOM(54),
+    UTILS_INT_ATOM(55),
+    UTILS_INT_ATOM(56),
+    UTILS_INT_ATOM(57),
+    UTILS_INT_ATOM(58),
+    UTILS_INT_ATOM(59),
+    UTILS_INT_ATOM(60)
 };
 
-/* val_int_<n> = bsr_val_int_atoms + 16 * n, a 16-byte object of its own. */
-#define EXPORT_INT_ATOM(n)                                   \
+// val_int_<n> = utils_val_int_atoms + 16 * n, a 16-byte object of its own.
+#define UTILS_EXPORT_INT_ATOM(n)                                   \
   __asm__(".globl val_int_" #n "\n"                        \
           ".type val_int_" #n ", @object\n"                \
           ".size val_int_" #n ", 16\n"                     \
-          ".set val_int_" #n ", bsr_val_int_atoms + 16 * " #n "\n");
+          ".set val_int_" #n ", utils_val_int_atoms + 16 * " #n "\n");
 _Static_assert(sizeof(val) == 16, "a value cell is two 64-bit words");
 
-EXPORT_INT_ATOM(0)
-EXPORT_INT_ATOM(1)
-EXPORT_INT_ATOM(2)
-EXPORT_INT_ATOM(3)
-EXPORT_INT_ATOM(4)
-EXPORT_INT_ATOM(5)
-EXPORT_INT_ATOM(6)
-EXPORT_INT_ATOM(7)
-EXPORT_INT_ATOM(8)
-EXPORT_INT_ATOM(9)
-EXPORT_INT_ATOM(10)
-EXPORT_INT_ATOM(11)
-EXPORT_INT_ATOM(12)
-EXPORT_INT_ATOM(13)
-EXPORT_INT_ATOM(14)
-EXPORT_INT_ATOM(15)
-EXPORT_INT_ATOM(16)
-EXPORT_INT_ATOM(17)
-EXPORT_INT_ATOM(18)
-EXPORT_INT_ATOM(19)
-EXPORT_INT_ATOM(20)
-EXPORT_INT_ATOM(21)
-EXPORT_INT_ATOM(22)
-EXPORT_INT_ATOM(23)
-EXPORT_INT_ATOM(24)
-EXPORT_INT_ATOM(25)
-EXPORT_INT_ATOM(26)
-EXPORT_INT_ATOM(27)
-EXPORT_INT_ATOM(28)
-EXPORT_INT_ATOM(29)
-EXPORT_INT_ATOM(30)
-EXPORT_INT_ATOM(31)
-EXPORT_INT_ATOM(32)
-EXPORT_INT_ATOM(33)
-EXPORT_INT_ATOM(34)
-EXPORT_INT_ATOM(35)
-EXPORT_INT_ATOM(36)
-EXPORT_INT_ATOM(37)
-EXPORT_INT_ATOM(38)
-EXPORT_INT_ATOM(39)
-EXPORT_INT_ATOM(40)
-EXPORT_INT_ATOM(41)
-EXPORT_INT_ATOM(42)
-EXPORT_INT_ATOM(43)
-EXPORT_INT_ATOM(44)
-EXPORT_INT_ATOM(45)
-EXPORT_INT_ATOM(46)
-EXPORT_INT_ATOM(47)
-EXPORT_INT_ATOM(48)
-EXPORT_INT_ATOM(49)
-EXPORT_INT_ATOM(50)
-EXPORT_INT_ATOM(51)
-EXPORT_INT_ATOM(52)
-EXPORT_INT_ATOM(53)
-EXPORT_INT_ATOM(54)
-EXPORT_INT_ATOM(55)
-EXPORT_INT_ATOM(56)
-EXPORT_INT_ATOM(57)
-EXPORT_INT_ATOM(58)
-EXPORT_INT_ATOM(59)
-EXPORT_INT_ATOM(60)
+UTILS_EXPORT_INT_ATOM(0)
+UTILS_EXPORT_INT_ATOM(1)
+UTILS_EXPORT_INT_ATOM(2)
+UTILS_EXPORT_INT_ATOM(3)
+UTILS_EXPORT_INT_ATOM(4)
+UTILS_EXPORT_INT_ATOM(5)
+UTILS_EXPORT_INT_ATOM(6)
+UTILS_EXPORT_INT_ATOM(7)
+UTILS_EXPORT_INT_ATOM(8)
+UTILS_EXPORT_INT_ATOM(9)
+UTILS_EXPORT_INT_ATOM(10)
+UTILS_EXPORT_INT_ATOM(11)
+UTILS_EXPORT_INT_ATOM(12)
+UTILS_EXPORT_INT_ATOM(13)
+UTILS_EXPORT_INT_ATOM(14)
+UTILS_EXPORT_INT_ATOM(15)
+UTILS_EXPORT_INT_ATOM(16)
+UTILS_EXPORT_INT_ATOM(17)
+UTILS_EXPORT_INT_ATOM(18)
+UTILS_EXPORT_INT_ATOM(19)
+UTILS_EXPORT_INT_ATOM(20)
+UTILS_EXPORT_INT_ATOM(21)
+UTILS_EXPORT_INT_ATOM(22)
+UTILS_EXPORT_INT_ATOM(23)
+UTILS_EXPORT_INT_ATOM(24)
+UTILS_EXPORT_INT_ATOM(25)
+UTILS_EXPORT_INT_ATOM(26)
+UTILS_EXPORT_INT_ATOM(27)
+UTILS_EXPORT_INT_ATOM(28)
+UTILS_EXPORT_INT_ATOM(29)
+UTILS_EXPORT_INT_ATOM(30)
+UTILS_EXPORT_INT_ATOM(31)
+UTILS_EXPORT_INT_ATOM(32)
+UTILS_EXPORT_INT_ATOM(33)
+UTILS_EXPORT_INT_ATOM(34)
+UTILS_EXPORT_INT_ATOM(35)
+UTILS_EXPORT_INT_ATOM(36)
+UTILS_EXPORT_INT_ATOM(37)
+UTILS_EXPORT_INT_ATOM(38)
+UTILS_EXPORT_INT_ATOM(39)
+UTILS_EXPORT_INT_ATOM(40)
+UTILS_EXPORT_INT_ATOM(41)
+UTILS_EXPORT_INT_ATOM(42)
+UTILS_EXPORT_INT_ATOM(43)
+UTILS_EXPORT_INT_ATOM(44)
+UTILS_EXPORT_INT_ATOM(45)
+UTILS_EXPORT_INT_ATOM(46)
+UTILS_EXPORT_INT_ATOM(47)
+UTILS_EXPORT_INT_ATOM(48)
+UTILS_EXPORT_INT_ATOM(49)
+UTILS_EXPORT_INT_ATOM(50)
+UTILS_EXPORT_INT_ATOM(51)
+UTILS_EXPORT_INT_ATOM(52)
+UTILS_EXPORT_INT_ATOM(53)
+UTILS_EXPORT_INT_ATOM(54)
+UTILS_EXPORT_INT_ATOM(55)
+UTILS_EXPORT_INT_ATOM(56)
+UTILS_EXPORT_INT_ATOM(57)
+UTILS_EXPORT_INT_ATOM(58)
+UTILS_EXPORT_INT_ATOM(59)
+UTILS_EXPORT_INT_ATOM(60)
 
-/* The tables go through the exported names, so that they agree with every
- * other user of the names (an executable may hold its own copies of them). */
-const val *const bsr_val_int_table[61] = {
+// The tables go through the exported names, so that they agree with every
+// other user of the names (an executable may hold its own copies of them).
+const val *const utils_val_int_table[61] = {
     &val_int_0,
     &val_int_1,
     &val_int_2,
@@ -272,70 +272,70 @@ static const bsr_wchar text_59[] = u"59";
 static const bsr_wchar text_60[] = u"60";
 
 static const val string_atoms[61] = {
-    WSTRING_ATOM(text_0),
-    WSTRING_ATOM(text_1),
-    WSTRING_ATOM(text_2),
-    WSTRING_ATOM(text_3),
-    WSTRING_ATOM(text_4),
-    WSTRING_ATOM(text_5),
-    WSTRING_ATOM(text_6),
-    WSTRING_ATOM(text_7),
-    WSTRING_ATOM(text_8),
-    WSTRING_ATOM(text_9),
-    WSTRING_ATOM(text_10),
-    WSTRING_ATOM(text_11),
-    WSTRING_ATOM(text_12),
-    WSTRING_ATOM(text_13),
-    WSTRING_ATOM(text_14),
-    WSTRING_ATOM(text_15),
-    WSTRING_ATOM(text_16),
-    WSTRING_ATOM(text_17),
-    WSTRING_ATOM(text_18),
-    WSTRING_ATOM(text_19),
-    WSTRING_ATOM(text_20),
-    WSTRING_ATOM(text_21),
-    WSTRING_ATOM(text_22),
-    WSTRING_ATOM(text_23),
-    WSTRING_ATOM(text_24),
-    WSTRING_ATOM(text_25),
-    WSTRING_ATOM(text_26),
-    WSTRING_ATOM(text_27),
-    WSTRING_ATOM(text_28),
-    WSTRING_ATOM(text_29),
-    WSTRING_ATOM(text_30),
-    WSTRING_ATOM(text_31),
-    WSTRING_ATOM(text_32),
-    WSTRING_ATOM(text_33),
-    WSTRING_ATOM(text_34),
-    WSTRING_ATOM(text_35),
-    WSTRING_ATOM(text_36),
-    WSTRING_ATOM(text_37),
-    WSTRING_ATOM(text_38),
-    WSTRING_ATOM(text_39),
-    WSTRING_ATOM(text_40),
-    WSTRING_ATOM(text_41),
-    WSTRING_ATOM(text_42),
-    WSTRING_ATOM(text_43),
-    WSTRING_ATOM(text_44),
-    WSTRING_ATOM(text_45),
-    WSTRING_ATOM(text_46),
-    WSTRING_ATOM(text_47),
-    WSTRING_ATOM(text_48),
-    WSTRING_ATOM(text_49),
-    WSTRING_ATOM(text_50),
-    WSTRING_ATOM(text_51),
-    WSTRING_ATOM(text_52),
-    WSTRING_ATOM(text_53),
-    WSTRING_ATOM(text_54),
-    WSTRING_ATOM(text_55),
-    WSTRING_ATOM(text_56),
-    WSTRING_ATOM(text_57),
-    WSTRING_ATOM(text_58),
-    WSTRING_ATOM(text_59),
-    WSTRING_ATOM(text_60)
+    UTILS_WSTRING_ATOM(text_0),
+    UTILS_WSTRING_ATOM(text_1),
+    UTILS_WSTRING_ATOM(text_2),
+    UTILS_WSTRING_ATOM(text_3),
+    UTILS_WSTRING_ATOM(text_4),
+    UTILS_WSTRING_ATOM(text_5),
+    UTILS_WSTRING_ATOM(text_6),
+    UTILS_WSTRING_ATOM(text_7),
+    UTILS_WSTRING_ATOM(text_8),
+    UTILS_WSTRING_ATOM(text_9),
+    UTILS_WSTRING_ATOM(text_10),
+    UTILS_WSTRING_ATOM(text_11),
+    UTILS_WSTRING_ATOM(text_12),
+    UTILS_WSTRING_ATOM(text_13),
+    UTILS_WSTRING_ATOM(text_14),
+    UTILS_WSTRING_ATOM(text_15),
+    UTILS_WSTRING_ATOM(text_16),
+    UTILS_WSTRING_ATOM(text_17),
+    UTILS_WSTRING_ATOM(text_18),
+    UTILS_WSTRING_ATOM(text_19),
+    UTILS_WSTRING_ATOM(text_20),
+    UTILS_WSTRING_ATOM(text_21),
+    UTILS_WSTRING_ATOM(text_22),
+    UTILS_WSTRING_ATOM(text_23),
+    UTILS_WSTRING_ATOM(text_24),
+    UTILS_WSTRING_ATOM(text_25),
+    UTILS_WSTRING_ATOM(text_26),
+    UTILS_WSTRING_ATOM(text_27),
+    UTILS_WSTRING_ATOM(text_28),
+    UTILS_WSTRING_ATOM(text_29),
+    UTILS_WSTRING_ATOM(text_30),
+    UTILS_WSTRING_ATOM(text_31),
+    UTILS_WSTRING_ATOM(text_32),
+    UTILS_WSTRING_ATOM(text_33),
+    UTILS_WSTRING_ATOM(text_34),
+    UTILS_WSTRING_ATOM(text_35),
+    UTILS_WSTRING_ATOM(text_36),
+    UTILS_WSTRING_ATOM(text_37),
+    UTILS_WSTRING_ATOM(text_38),
+    UTILS_WSTRING_ATOM(text_39),
+    UTILS_WSTRING_ATOM(text_40),
+    UTILS_WSTRING_ATOM(text_41),
+    UTILS_WSTRING_ATOM(text_42),
+    UTILS_WSTRING_ATOM(text_43),
+    UTILS_WSTRING_ATOM(text_44),
+    UTILS_WSTRING_ATOM(text_45),
+    UTILS_WSTRING_ATOM(text_46),
+    UTILS_WSTRING_ATOM(text_47),
+    UTILS_WSTRING_ATOM(text_48),
+    UTILS_WSTRING_ATOM(text_49),
+    UTILS_WSTRING_ATOM(text_50),
+    UTILS_WSTRING_ATOM(text_51),
+    UTILS_WSTRING_ATOM(text_52),
+    UTILS_WSTRING_ATOM(text_53),
+    UTILS_WSTRING_ATOM(text_54),
+    UTILS_WSTRING_ATOM(text_55),
+    UTILS_WSTRING_ATOM(text_56),
+    UTILS_WSTRING_ATOM(text_57),
+    UTILS_WSTRING_ATOM(text_58),
+    UTILS_WSTRING_ATOM(text_59),
+    UTILS_WSTRING_ATOM(text_60)
 };
 
-const val *const bsr_val_string_table[61] = {
+const val *const utils_val_string_table[61] = {
     &string_atoms[0],
     &string_atoms[1],
     &string_atoms[2],
@@ -401,5 +401,5 @@ const val *const bsr_val_string_table[61] = {
 
 static const bsr_wchar text_x[] = u"x";
 static const bsr_wchar text_default[] = u"0";
-const val bsr_val_string_x = WSTRING_ATOM(text_x);
-const val bsr_val_ffeature_default = WSTRING_ATOM(text_default);
+const val utils_val_string_x = UTILS_WSTRING_ATOM(text_x);
+const val utils_val_ffeature_default = UTILS_WSTRING_ATOM(text_default);

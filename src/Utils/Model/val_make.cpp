@@ -1,7 +1,22 @@
-// Making values: atoms of every type, cons cells, and the clamped lookups of
+// val_make.cpp - making values: atoms of every type, cons cells, and the clamped lookups of
 // the constant integers and strings.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
+
+using utils::model::cell_mut;
+using utils::model::wstring_in_cell_block;
+using utils::model::kValInt;
+using utils::model::kValFloat;
+using utils::model::kValWstring;
+using utils::model::kValUtterance;
+using utils::model::kValUttfunc;
+using utils::model::kValFfunc;
+using utils::model::kValRelation;
+using utils::model::kValItem;
+using utils::model::kValCart;
+using utils::model::kValUserdata;
+using utils::model::kValItemfunc;
+using utils::model::kValFeatures;
 
 namespace {
 
@@ -68,16 +83,18 @@ UTILS_API val *cons_val(const val *car, const val *cdr) {
   return v;
 }
 
-UTILS_API const val *val_int_n(int32_t n) { return bsr_val_int_table[clamp_constant(n)]; }
+UTILS_API const val *val_int_n(int32_t n) { return utils_val_int_table[clamp_constant(n)]; }
 
 UTILS_API const val *val_string_n(int32_t n) {
-  return bsr_val_string_table[clamp_constant(n)];
+  return utils_val_string_table[clamp_constant(n)];
 }
 
 }  // extern "C"
 
+namespace utils::model {
+
 // Sizes that could overflow 32 bits are refused.
-val *bsr_wstring_val_with_room(uint32_t units) {
+val *wstring_val_with_room(uint32_t units) {
   uint64_t bytes = sizeof(val) + static_cast<uint64_t>(units) * sizeof(bsr_wchar);
   if (bytes > 0x7FFFFFF0u) return nullptr;
   auto *v = static_cast<val *>(bsr_safe_alloc(static_cast<uint32_t>(bytes)));
@@ -87,7 +104,7 @@ val *bsr_wstring_val_with_room(uint32_t units) {
   return v;
 }
 
-val *bsr_wstring_val_fit(val *v, uint32_t units) {
+val *wstring_val_fit(val *v, uint32_t units) {
   uint64_t bytes = sizeof(val) + static_cast<uint64_t>(units) * sizeof(bsr_wchar);
   if (v == nullptr || !wstring_in_cell_block(v) || bytes > 0x7FFFFFF0u) return v;
   auto *fitted = static_cast<val *>(bsr_safe_realloc(v, static_cast<uint32_t>(bytes)));
@@ -95,3 +112,5 @@ val *bsr_wstring_val_fit(val *v, uint32_t units) {
   fitted->c.atom.payload.p = fitted + 1;
   return fitted;
 }
+
+}  // namespace utils::model

@@ -1,10 +1,16 @@
-// Printing values on a stdio stream: numbers, wide strings as UTF-8, typed
+// val_print.cpp - printing values on a stdio stream: numbers, wide strings as UTF-8, typed
 // atoms as "[Val <type> 0x<payload>]", and lists in parentheses.
 #include <cstdio>
 
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "bsr_unicode.h"
+
+using utils::model::cell_start;
+using utils::model::cell_is_cons;
+using utils::model::kValInt;
+using utils::model::kValFloat;
+using utils::model::kValWstring;
 
 namespace {
 

@@ -1,7 +1,23 @@
-// Reading values: numbers (with the int/float asymmetry for strings), wide
+// val_read.cpp - reading values: numbers (with the int/float asymmetry for strings), wide
 // strings, cons fields and the payloads of typed atoms.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
+
+using utils::model::cell_start;
+using utils::model::cell_is_cons;
+using utils::model::cell_is_atom_of;
+using utils::model::kValInt;
+using utils::model::kValFloat;
+using utils::model::kValWstring;
+using utils::model::kValUtterance;
+using utils::model::kValUttfunc;
+using utils::model::kValFfunc;
+using utils::model::kValRelation;
+using utils::model::kValItem;
+using utils::model::kValCart;
+using utils::model::kValUserdata;
+using utils::model::kValItemfunc;
+using utils::model::kValFeatures;
 
 namespace {
 
@@ -12,11 +28,13 @@ Fn fn_from_payload(void *p) {
 
 }  // namespace
 
+namespace utils::model {
+
 // Library code reads numbers through these, never through the exported
 // names: a program may link another library that also defines `val_int` or
 // `val_float` (the Edinburgh Speech Tools define both as data), and the
 // library must not call into whichever definition wins the lookup.
-int32_t bsr_val_int_of(const val *v) {
+int32_t int_of(const val *v) {
   if (v == nullptr) return 0;
   switch (cell_start(v)) {
     case kValInt: return v->c.atom.payload.i;
@@ -35,18 +53,20 @@ int32_t bsr_val_int_of(const val *v) {
 
 // Strings read as 0.0 here although val_int parses them: numeric comparisons
 // of strings therefore compare zeros. Callers rely on this.
-float bsr_val_float_of(const val *v) {
+float float_of(const val *v) {
   if (v == nullptr) return 0.0f;
   if (cell_start(v) == kValInt) return static_cast<float>(v->c.atom.payload.i);
   if (cell_start(v) == kValFloat) return v->c.atom.payload.f;
   return 0.0f;
 }
 
+}  // namespace utils::model
+
 extern "C" {
 
-UTILS_API int32_t val_int(const val *v) { return bsr_val_int_of(v); }
+UTILS_API int32_t val_int(const val *v) { return utils::model::int_of(v); }
 
-UTILS_API float val_float(const val *v) { return bsr_val_float_of(v); }
+UTILS_API float val_float(const val *v) { return utils::model::float_of(v); }
 
 UTILS_API const bsr_wchar *val_wstring(const val *v) {
   return static_cast<const bsr_wchar *>(val_generic(v, kValWstring));

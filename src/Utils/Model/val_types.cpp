@@ -1,4 +1,4 @@
-// The table of atom types (name and payload releaser per row), the exported
+// val_types.cpp - the table of atom types (name and payload releaser per row), the exported
 // type codes of the pointer atoms, and the releasers themselves.
 #include "Utils/Model/val_cell.h"
 #include "utterance.h"
