@@ -1,12 +1,17 @@
-/* add_tag.cpp - inserts new structural elements into a markup tree: walks
- * it in document order and hands every stretch of content that may be
- * wrapped to the caller's callbacks, which build the wrappers. */
+// add_tag.cpp - inserts new structural elements into a markup tree: walks
+// it in document order and hands every stretch of content that may be
+// wrapped to the caller's callbacks, which build the wrappers.
 #include "ssml_io.h"
 
 #include "Utils/Markup/ancestor_walk.h"
 #include "Utils/Markup/item_tag.h"
 #include "Utils/Markup/tag_list.h"
 #include "utt_walk.h"
+
+using utils::markup::tag_of;
+using utils::markup::is_element;
+using utils::markup::tag_in_list;
+using utils::markup::AncestorWalk;
 
 namespace {
 
@@ -38,7 +43,7 @@ class Run {
 // restructure the tree around the item.
 void offer_text(AncestorWalk &walk, Run &run, const TagRequest &req) {
   item *text = walk.current();
-  if (!ssml_tag_in_list(req.parent_list, item_tag(walk.parent()))) {
+  if (!tag_in_list(req.parent_list, tag_of(walk.parent()))) {
     run.end();
     walk.go(walk.plan_after_parent());
     return;
@@ -73,16 +78,16 @@ void offer_element(AncestorWalk &walk, Run &run, const TagRequest &req, bool may
 
 void visit(AncestorWalk &walk, Run &run, const TagRequest &req) {
   item *cur = walk.current();
-  if (!item_feat_present(cur, SSML_TAG_FEATURE)) {
+  if (!is_element(cur)) {
     offer_text(walk, run, req);
     return;
   }
-  const bsr_wchar *tag = item_tag(cur);
-  bool may_enter = ssml_tag_in_list(req.parent_list, tag);
+  const bsr_wchar *tag = tag_of(cur);
+  bool may_enter = tag_in_list(req.parent_list, tag);
   if (tag && bsr_wcscmp(tag, req.tag) == 0) {
     run.end();
     walk.go(walk.plan(false));
-  } else if (ssml_tag_in_list(req.child_list, tag)) {
+  } else if (tag_in_list(req.child_list, tag)) {
     offer_element(walk, run, req, may_enter);
   } else {
     run.end();

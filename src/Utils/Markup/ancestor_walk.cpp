@@ -1,8 +1,10 @@
-/* ancestor_walk.cpp - the ancestor-keeping document-order cursor used by the
- * tag-insertion walk; its chain grows on the local allocator. */
+// ancestor_walk.cpp - the ancestor-keeping document-order cursor used by the
+// tag-insertion walk; its chain grows on the local allocator.
 #include "Utils/Markup/ancestor_walk.h"
 
 #include "bsr_string.h"
+
+namespace utils::markup {
 
 namespace {
 constexpr uint32_t kInitialDepth = 32;
@@ -69,3 +71,5 @@ void AncestorWalk::go(const Step &step) {
   }
   current_ = step.to;
 }
+
+}  // namespace utils::markup

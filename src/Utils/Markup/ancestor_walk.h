@@ -1,12 +1,14 @@
-/* ancestor_walk.h - a document-order cursor over a subtree that keeps the
- * chain of ancestors of its current item, so that the parent of every
- * visited item is known without walking its sibling list. */
+// ancestor_walk.h - a document-order cursor over a subtree that keeps the
+// chain of ancestors of its current item, so that the parent of every
+// visited item is known without walking its sibling list.
 #ifndef UTILS_MARKUP_ANCESTOR_WALK_H
 #define UTILS_MARKUP_ANCESTOR_WALK_H
 
 #include <stdint.h>
 
 #include "utterance.h"
+
+namespace utils::markup {
 
 class AncestorWalk {
  public:
@@ -49,4 +51,6 @@ class AncestorWalk {
   uint32_t capacity_ = 0;
 };
 
-#endif /* UTILS_MARKUP_ANCESTOR_WALK_H */
+}  // namespace utils::markup
+
+#endif  // UTILS_MARKUP_ANCESTOR_WALK_H

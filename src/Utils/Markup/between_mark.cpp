@@ -1,14 +1,20 @@
-/* between_mark.cpp - whether an item lies inside the span that the start and
- * end marks named on the top item select. */
+// between_mark.cpp - whether an item lies inside the span that the start and
+// end marks named on the top item select.
 #include "utt_walk.h"
 
 #include "Utils/Markup/item_tag.h"
+#include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tag_list.h"
+
+using utils::markup::mark_tag_name;
+using utils::markup::kNameFeature;
+using utils::markup::kStartMarkFeature;
+using utils::markup::kEndMarkFeature;
 
 namespace {
 
 bool is_named(item *mark, const bsr_wchar *name) {
-  const bsr_wchar *own = item_feat_wstring(mark, "name");
+  const bsr_wchar *own = item_feat_wstring(mark, kNameFeature);
   return own && bsr_wcscmp(own, name) == 0;
 }
 
@@ -32,7 +38,7 @@ bool comes_before(item *i, item *top, item *target) {
 // `placed` says? Every mark of that name is tried, not only the first.
 template <typename Placement>
 bool any_named_mark(item *top, item *i, const bsr_wchar *name, Placement placed) {
-  const bsr_wchar *mark = ssml_mark_tag_name();
+  const bsr_wchar *mark = mark_tag_name();
   for (item *m = utt_walk_next_tag(top, top, 1, mark); m; m = utt_walk_next_tag(m, top, 1, mark)) {
     if (is_named(m, name) && placed(i, top, m)) return true;
   }
@@ -43,9 +49,9 @@ bool any_named_mark(item *top, item *i, const bsr_wchar *name, Placement placed)
 
 extern "C" UTILS_API int IsBetweenMark(item *top, item *i) {
   if (!top || !i) return 0;
-  const bsr_wchar *start = item_feat_wstring(top, "startmark");
+  const bsr_wchar *start = item_feat_wstring(top, kStartMarkFeature);
   if (start && any_named_mark(top, i, start, comes_after)) return 0;
-  const bsr_wchar *end = item_feat_wstring(top, "endmark");
+  const bsr_wchar *end = item_feat_wstring(top, kEndMarkFeature);
   if (!end) return 1;
   return any_named_mark(top, i, end, comes_before) ? 0 : 1;
 }

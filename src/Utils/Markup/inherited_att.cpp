@@ -1,8 +1,10 @@
-/* inherited_att.cpp - attributes that an item inherits from its ancestors
- * (such as "xml:lang"), and the nearest ancestor element of a given tag. */
+// inherited_att.cpp - attributes that an item inherits from its ancestors
+// (such as "xml:lang"), and the nearest ancestor element of a given tag.
 #include "utt_walk.h"
 
 #include "Utils/Markup/item_tag.h"
+
+using utils::markup::has_tag;
 
 namespace {
 
@@ -40,7 +42,7 @@ UTILS_API item *GetItemAncestor(item *i, const bsr_wchar *tag) {
   // The item counts as its own ancestor: an element asked for its own tag
   // answers itself.
   for (item *cur = i; cur; cur = item_parent(cur)) {
-    if (item_has_tag(cur, tag)) return cur;
+    if (has_tag(cur, tag)) return cur;
   }
   return nullptr;
 }

@@ -1,5 +1,5 @@
-/* move_tree.cpp - moves an item with its daughters to the end of another
- * item's daughters, within one relation. */
+// move_tree.cpp - moves an item with its daughters to the end of another
+// item's daughters, within one relation.
 #include "ssml_io.h"
 
 namespace {

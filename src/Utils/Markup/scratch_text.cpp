@@ -1,11 +1,13 @@
-/* scratch_text.cpp - the reusable UTF-8 <-> UTF-16 conversion buffer of the
- * markup loaders and savers, on the local allocator. */
+// scratch_text.cpp - the reusable UTF-8 <-> UTF-16 conversion buffer of the
+// markup loaders and savers, on the local allocator.
 #include "Utils/Markup/scratch_text.h"
 
 #include <string.h>
 
 #include "bsr_string.h"
 #include "bsr_unicode.h"
+
+namespace utils::markup {
 
 namespace {
 
@@ -40,3 +42,5 @@ const char *ScratchText::utf8_from_wide(const bsr_wchar *wide) {
   if (!out) return nullptr;
   return bsr_UTF16ToUTF8(wide, static_cast<uint32_t>(units), out, static_cast<uint32_t>(bytes));
 }
+
+}  // namespace utils::markup

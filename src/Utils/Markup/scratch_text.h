@@ -1,10 +1,12 @@
-/* scratch_text.h - a reusable conversion buffer for moving strings between
- * the document's UTF-8 and the model's UTF-16, grown as needed and freed once
- * instead of allocating a temporary buffer per string. */
+// scratch_text.h - a reusable conversion buffer for moving strings between
+// the document's UTF-8 and the model's UTF-16, grown as needed and freed once
+// instead of allocating a temporary buffer per string.
 #ifndef UTILS_MARKUP_SCRATCH_TEXT_H
 #define UTILS_MARKUP_SCRATCH_TEXT_H
 
 #include "utils_types.h"
+
+namespace utils::markup {
 
 class ScratchText {
  public:
@@ -24,4 +26,6 @@ class ScratchText {
   uint32_t size_ = 0;
 };
 
-#endif /* UTILS_MARKUP_SCRATCH_TEXT_H */
+}  // namespace utils::markup
+
+#endif  // UTILS_MARKUP_SCRATCH_TEXT_H

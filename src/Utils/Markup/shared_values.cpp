@@ -1,5 +1,5 @@
-/* shared_values.cpp - a small direct-mapped table from short UTF-8 texts to
- * counted wide-string values, used while one document is converted. */
+// shared_values.cpp - a small direct-mapped table from short UTF-8 texts to
+// counted wide-string values, used while one document is converted.
 #include "Utils/Markup/shared_values.h"
 
 #include <string.h>
@@ -7,6 +7,8 @@
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "bsr_unicode.h"
+
+namespace utils::markup {
 
 SharedValues::~SharedValues() {
   for (Slot &slot : slots_) delete_val(slot.value);
@@ -81,3 +83,5 @@ val *SharedValues::get(const char *utf8, bool lead_blank) {
   memcpy(slot.key, utf8, n);
   return fresh;
 }
+
+}  // namespace utils::markup

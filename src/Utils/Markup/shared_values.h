@@ -1,12 +1,14 @@
-/* shared_values.h - wide-string values shared between the items of one
- * load: element names, short attribute values and white-space runs recur
- * throughout a document, and one counted value can stand for every copy. */
+// shared_values.h - wide-string values shared between the items of one
+// load: element names, short attribute values and white-space runs recur
+// throughout a document, and one counted value can stand for every copy.
 #ifndef UTILS_MARKUP_SHARED_VALUES_H
 #define UTILS_MARKUP_SHARED_VALUES_H
 
 #include <stdint.h>
 
 #include "utt_val.h"
+
+namespace utils::markup {
 
 class SharedValues {
  public:
@@ -42,4 +44,6 @@ class SharedValues {
   Slot slots_[kSlots] = {};
 };
 
-#endif /* UTILS_MARKUP_SHARED_VALUES_H */
+}  // namespace utils::markup
+
+#endif  // UTILS_MARKUP_SHARED_VALUES_H

@@ -1,5 +1,5 @@
-/* ssml_load.cpp - SSML text or a Mini-XML tree in, the utterance's "ssml"
- * relation out: one element item per element, one text item per text run. */
+// ssml_load.cpp - SSML text or a Mini-XML tree in, the utterance's "ssml"
+// relation out: one element item per element, one text item per text run.
 #include "ssml_io.h"
 
 #include <string.h>
@@ -7,6 +7,12 @@
 #include "Utils/Markup/item_tag.h"
 #include "Utils/Markup/shared_values.h"
 #include "Utils/Markup/ssml_names.h"
+
+using utils::markup::kTagFeature;
+using utils::markup::kTextFeature;
+using utils::markup::kRootElement;
+using utils::markup::kRelationName;
+using utils::markup::SharedValues;
 
 namespace {
 
@@ -45,13 +51,13 @@ void set_wide(item *it, const char *name, const char *utf8, Converter &conv,
 // "tag" first, then the attributes from the last to the first: the item's
 // list (newest first) then reads attribute 1, 2, ..., "tag".
 void set_element(item *it, mxml_node_t *element, Converter &conv) {
-  set_wide(it, SSML_TAG_FEATURE, mxmlGetElement(element), conv);
+  set_wide(it, kTagFeature, mxmlGetElement(element), conv);
   for (int k = mxmlElementGetAttrCount(element) - 1; k >= 0; --k) {
     const char *name = nullptr;
     const char *value = mxmlElementGetAttrByIndex(element, k, &name);
     // An attribute called "tag" would rename the element; it cannot be
     // held in the tree and is dropped.
-    if (!name || !name[0] || strcmp(name, SSML_TAG_FEATURE) == 0) continue;
+    if (!name || !name[0] || strcmp(name, kTagFeature) == 0) continue;
     set_wide(it, name, value, conv);
   }
 }
@@ -59,24 +65,24 @@ void set_element(item *it, mxml_node_t *element, Converter &conv) {
 void set_text(item *it, mxml_node_t *node, Converter &conv) {
   mxml_type_t type = mxmlGetType(node);
   if (type == MXML_OPAQUE) {
-    set_wide(it, SSML_TEXT_FEATURE, mxmlGetOpaque(node), conv);
+    set_wide(it, kTextFeature, mxmlGetOpaque(node), conv);
   } else if (type == MXML_ELEMENT) {  // a CDATA section (see kind_of)
-    set_wide(it, SSML_TEXT_FEATURE, mxmlGetCDATA(node), conv);
+    set_wide(it, kTextFeature, mxmlGetCDATA(node), conv);
   } else {
     // A word of a tree loaded in text mode; its flag stands for the
     // white space before it.
     int blank = 0;
     const char *word = mxmlGetText(node, &blank);
-    set_wide(it, SSML_TEXT_FEATURE, word, conv, blank != 0);
+    set_wide(it, kTextFeature, word, conv, blank != 0);
   }
 }
 
 mxml_node_t *find_root_element(mxml_node_t *tree) {
   if (mxmlGetType(tree) == MXML_ELEMENT) {
     const char *name = mxmlGetElement(tree);
-    if (name && strcmp(name, SSML_ROOT_ELEMENT) == 0) return tree;
+    if (name && strcmp(name, kRootElement) == 0) return tree;
   }
-  return mxmlFindElement(tree, tree, SSML_ROOT_ELEMENT, nullptr, nullptr, MXML_DESCEND);
+  return mxmlFindElement(tree, tree, kRootElement, nullptr, nullptr, MXML_DESCEND);
 }
 
 // Mirrors the content of `speak` under `root`. Siblings are converted in a
@@ -123,7 +129,7 @@ void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
 }
 
 void build_tree(utterance *u, mxml_node_t *speak) {
-  relation *rel = utt_relation_create(u, SSML_RELATION);
+  relation *rel = utt_relation_create(u, kRelationName);
   item *root = relation_append(rel, nullptr);
   if (!root) return;
   Converter conv;

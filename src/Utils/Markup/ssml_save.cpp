@@ -1,5 +1,5 @@
-/* ssml_save.cpp - writes an utterance's "ssml" relation as an SSML file:
- * a declaration line, then each element on a new line, nothing escaped. */
+// ssml_save.cpp - writes an utterance's "ssml" relation as an SSML file:
+// a declaration line, then each element on a new line, nothing escaped.
 #include "ssml_io.h"
 
 #include <stdio.h>
@@ -8,6 +8,13 @@
 #include "Utils/Markup/scratch_text.h"
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tree_visit.h"
+
+using utils::markup::tag_of;
+using utils::markup::is_element;
+using utils::markup::kTextFeature;
+using utils::markup::kRelationName;
+using utils::markup::ScratchText;
+using utils::markup::visit_tree;
 
 namespace {
 
@@ -19,7 +26,7 @@ class SsmlWriter {
 
   // Opening tag (or self-closing tag) of an element, or a text run.
   bool open(item *i) {
-    if (!item_feat_present(i, SSML_TAG_FEATURE)) {
+    if (!is_element(i)) {
       write_text(i);
       return false;
     }
@@ -38,12 +45,12 @@ class SsmlWriter {
 
  private:
   const char *tag_utf8(item *i) {
-    const char *tag = scratch_.utf8_from_wide(item_tag(i));
+    const char *tag = scratch_.utf8_from_wide(tag_of(i));
     return tag ? tag : "";
   }
 
   void write_text(item *i) {
-    if (const char *text = scratch_.utf8_from_wide(item_feat_wstring(i, SSML_TEXT_FEATURE))) {
+    if (const char *text = scratch_.utf8_from_wide(item_feat_wstring(i, kTextFeature))) {
       fputs(text, out_);
     }
   }
@@ -59,7 +66,7 @@ extern "C" UTILS_API int utt_save_ssml(utterance *u, const char *path) {
   FILE *out = fopen(path, "wb");
   if (!out) return -1;
   fputs(kDeclaration, out);
-  if (item *root = relation_head(utt_relation(u, SSML_RELATION))) {
+  if (item *root = relation_head(utt_relation(u, kRelationName))) {
     SsmlWriter writer(out);
     visit_tree(root, true, writer);
   }

@@ -1,11 +1,19 @@
-/* ssml_to_xml.cpp - turns the root of an utterance's "ssml" relation and its
- * subtree into a new Mini-XML document. */
+// ssml_to_xml.cpp - turns the root of an utterance's "ssml" relation and its
+// subtree into a new Mini-XML document.
 #include "ssml_io.h"
 
 #include "Utils/Markup/item_tag.h"
 #include "Utils/Markup/scratch_text.h"
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tree_visit.h"
+
+using utils::markup::tag_of;
+using utils::markup::is_element;
+using utils::markup::kTagFeature;
+using utils::markup::kTextFeature;
+using utils::markup::kRelationName;
+using utils::markup::ScratchText;
+using utils::markup::visit_tree;
 
 // Mini-XML 3.x has no hook for installing another allocator: its nodes and
 // strings come from malloc and are released with free by mxmlRelease, so
@@ -18,11 +26,11 @@ class XmlBuilder {
   explicit XmlBuilder(mxml_node_t *document) : parent_(document) {}
 
   bool open(item *i) {
-    if (!item_feat_present(i, SSML_TAG_FEATURE)) {
+    if (!is_element(i)) {
       add_text(i);
       return false;
     }
-    const char *tag = scratch_.utf8_from_wide(item_tag(i));
+    const char *tag = scratch_.utf8_from_wide(tag_of(i));
     mxml_node_t *element = mxmlNewElement(parent_, tag ? tag : "");
     if (!element) return false;
     add_attributes(element, i);
@@ -38,7 +46,7 @@ class XmlBuilder {
   // a wide string gives an empty attribute.
   void add_attributes(mxml_node_t *element, item *i) {
     for (feature_pair *p = item_feats(i) ? item_feats(i)->head : nullptr; p; p = p->next) {
-      if (!p->name || bsr_strcmp(p->name, SSML_TAG_FEATURE) == 0) continue;
+      if (!p->name || bsr_strcmp(p->name, kTagFeature) == 0) continue;
       const char *value = scratch_.utf8_from_wide(val_wstring(p->value));
       mxmlElementSetAttr(element, p->name, value ? value : "");
     }
@@ -47,7 +55,7 @@ class XmlBuilder {
   // A text run becomes an opaque node; it is dropped when its conversion
   // buffer cannot be had.
   void add_text(item *i) {
-    const bsr_wchar *text = item_feat_wstring(i, SSML_TEXT_FEATURE);
+    const bsr_wchar *text = item_feat_wstring(i, kTextFeature);
     const char *utf8 = scratch_.utf8_from_wide(text ? text : u"");
     if (utf8) mxmlNewOpaque(parent_, utf8);
   }
@@ -62,7 +70,7 @@ extern "C" UTILS_API mxml_node_t *utt_to_xml(utterance *u) {
   if (!u) return nullptr;
   mxml_node_t *document = mxmlNewXML("1.0");
   if (!document) return nullptr;
-  if (item *root = relation_head(utt_relation(u, SSML_RELATION))) {
+  if (item *root = relation_head(utt_relation(u, kRelationName))) {
     XmlBuilder builder(document);
     visit_tree(root, false, builder);
   }

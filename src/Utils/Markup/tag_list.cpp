@@ -1,8 +1,10 @@
-/* tag_list.cpp - membership of a tag name in a space-delimited tag list, as
- * used to decide where a new element may stand and what it may enclose. */
+// tag_list.cpp - membership of a tag name in a space-delimited tag list, as
+// used to decide where a new element may stand and what it may enclose.
 #include "Utils/Markup/tag_list.h"
 
 #include "bsr_string.h"
+
+namespace utils::markup {
 
 namespace {
 
@@ -23,7 +25,7 @@ bool occurs_spaced(const bsr_wchar *list, const bsr_wchar *name, uint32_t len) {
 
 }  // namespace
 
-bool ssml_tag_in_list(const bsr_wchar *list, const bsr_wchar *name) {
+bool tag_in_list(const bsr_wchar *list, const bsr_wchar *name) {
   if (!list || !name || !name[0]) return false;
   uint32_t len = bsr_wcslen(name);
   if (len + 3 > kSpacedNameRoom) return occurs_spaced(list, name, len);
@@ -35,3 +37,5 @@ bool ssml_tag_in_list(const bsr_wchar *list, const bsr_wchar *name) {
   spaced[len + 2] = 0;
   return bsr_wcsstr(list, spaced) != nullptr;
 }
+
+}  // namespace utils::markup

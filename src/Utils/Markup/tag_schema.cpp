@@ -1,5 +1,5 @@
-/* tag_schema.cpp - the constant SSML tag schema: one row per element that
- * the front end knows, and the exported accessors that hand its strings out. */
+// tag_schema.cpp - the constant SSML tag schema: one row per element that
+// the front end knows, and the exported accessors that hand its strings out.
 #include "ssml_tags.h"
 
 #include "Utils/Markup/tag_list.h"
@@ -16,7 +16,7 @@ struct TagRow {
 };
 
 // Enclosers shared by most inline elements.
-#define INLINE_PARENTS u" audio emphasis lang lookup p prosody s speak voice "
+constexpr bsr_wchar kInlineParents[] = u" audio emphasis lang lookup p prosody s speak voice ";
 
 constexpr TagRow kPara = {
     u"p", u" audio lang lookup prosody speak voice ",
@@ -24,15 +24,15 @@ constexpr TagRow kPara = {
 constexpr TagRow kSentence = {
     u"s", u" audio lang lookup p prosody speak voice ",
     u" audio break emphasis lang lookup mark phoneme prosody say-as sub token voice w word "};
-constexpr TagRow kToken = {u"token", INLINE_PARENTS,
+constexpr TagRow kToken = {u"token", kInlineParents,
                            u" audio break emphasis mark phoneme say-as sub word "};
-constexpr TagRow kWord = {u"word", INLINE_PARENTS,
+constexpr TagRow kWord = {u"word", kInlineParents,
                           u" audio break emphasis mark phoneme prosody say-as sub "};
 constexpr TagRow kLang = {
-    u"lang", INLINE_PARENTS,
+    u"lang", kInlineParents,
     u" audio break emphasis lang lookup mark p phoneme prosody say-as sub s token voice w "};
-constexpr TagRow kBreak = {u"break", INLINE_PARENTS, u""};
-constexpr TagRow kMark = {u"mark", INLINE_PARENTS, nullptr};
+constexpr TagRow kBreak = {u"break", kInlineParents, u""};
+constexpr TagRow kMark = {u"mark", kInlineParents, nullptr};
 
 constexpr TagRow kSub = {u"sub", nullptr, nullptr};
 constexpr TagRow kPhoneme = {u"phoneme", nullptr, nullptr};
@@ -42,12 +42,14 @@ constexpr TagRow kPhone = {u"phone", nullptr, nullptr};
 constexpr TagRow kProsody = {u"prosody", nullptr, nullptr};
 constexpr TagRow kVoice = {u"voice", nullptr, nullptr};
 
-#undef INLINE_PARENTS
-
 }  // namespace
 
-const bsr_wchar *ssml_mark_tag_name(void) { return kMark.name; }
-const bsr_wchar *ssml_mark_parent_tag(void) { return kMark.parents; }
+namespace utils::markup {
+
+const bsr_wchar *mark_tag_name() { return kMark.name; }
+const bsr_wchar *mark_parent_tag() { return kMark.parents; }
+
+}  // namespace utils::markup
 
 extern "C" {
 

@@ -1,9 +1,11 @@
-/* tree_visit.h - visits a markup subtree in document order with an opening
- * and a closing event per element, iteratively (no stack use per level). */
+// tree_visit.h - visits a markup subtree in document order with an opening
+// and a closing event per element, iteratively (no stack use per level).
 #ifndef UTILS_MARKUP_TREE_VISIT_H
 #define UTILS_MARKUP_TREE_VISIT_H
 
 #include "utterance.h"
+
+namespace utils::markup {
 
 // Visits `first` with its subtree and, when `with_siblings`, every later
 // sibling of `first` with theirs. `visitor.open(i)` is called for each item
@@ -36,4 +38,6 @@ void visit_tree(item *first, bool with_siblings, Visitor &visitor) {
   }
 }
 
-#endif /* UTILS_MARKUP_TREE_VISIT_H */
+}  // namespace utils::markup
+
+#endif  // UTILS_MARKUP_TREE_VISIT_H

@@ -1,8 +1,10 @@
-/* utt_walk.cpp - pre-order successor and predecessor within a bounded
- * subtree, plain and filtered by tag. Constant space, no allocation. */
+// utt_walk.cpp - pre-order successor and predecessor within a bounded
+// subtree, plain and filtered by tag. Constant space, no allocation.
 #include "utt_walk.h"
 
 #include "Utils/Markup/item_tag.h"
+
+using utils::markup::has_tag;
 
 namespace {
 
@@ -44,14 +46,14 @@ UTILS_API item *utt_walk_prev(item *i, item *top, int descend) {
 
 UTILS_API item *utt_walk_next_tag(item *i, item *top, int descend, const bsr_wchar *tag) {
   for (item *cur = utt_walk_next(i, top, descend); cur; cur = utt_walk_next(cur, top, descend)) {
-    if (item_has_tag(cur, tag)) return cur;
+    if (has_tag(cur, tag)) return cur;
   }
   return nullptr;
 }
 
 UTILS_API item *utt_walk_prev_tag(item *i, item *top, int descend, const bsr_wchar *tag) {
   for (item *cur = utt_walk_prev(i, top, descend); cur; cur = utt_walk_prev(cur, top, descend)) {
-    if (item_has_tag(cur, tag)) return cur;
+    if (has_tag(cur, tag)) return cur;
   }
   return nullptr;
 }
