@@ -1,4 +1,4 @@
-// Fuzzes the whole normalisation: input = rule-set text, a NUL byte, then an
+// fuzz_replace_convert.cpp - fuzzes the whole normalisation: input = rule-set text, a NUL byte, then an
 // SSML document (or plain text when it does not parse). The rules rewrite the
 // document, the converter turns the result into sub elements, and the tree
 // must still print.
@@ -17,7 +17,7 @@ namespace {
 
 int echo(const char *text, CStr *out) { return text != nullptr ? CStrAppend(out, text) : 1; }
 
-int spellBytes(const char *text, CStr *out) {
+int spell_bytes(const char *text, CStr *out) {
   if (text == nullptr) return 2;
   for (const char *c = text; *c; ++c) {
     if (int rc = CStrAppendC(out, *c)) return rc;
@@ -32,7 +32,7 @@ int refuse(const char *, CStr *out) {
 }
 
 // Splits the number in the text, and refuses every other say-as.
-int sayAs(const char *text, CStr *out, const char *interpret_as, const char *format,
+int say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
           const char *detail) {
   if (interpret_as == nullptr || std::strcmp(interpret_as, "cardinal") != 0) return 1;
   CStr *sign = CStrCreate(0), *integer = CStrCreate(0), *fraction = CStrCreate(0);
@@ -47,16 +47,16 @@ int sayAs(const char *text, CStr *out, const char *interpret_as, const char *for
   return rc;
 }
 
-HConverter *makeConverter() {
+HConverter *make_converter() {
   HConverter *converter = HConverter_create();
   HConverter_add(converter, "x", echo);
-  HConverter_add(converter, "xnum", spellBytes);
+  HConverter_add(converter, "xnum", spell_bytes);
   HConverter_add(converter, "xbad", refuse);
-  HConverter_setSayAs(converter, sayAs);
+  HConverter_setSayAs(converter, say_as);
   return converter;
 }
 
-void checkPrints(mxml_node_t *tree) {
+void check_prints(mxml_node_t *tree) {
   if (char *text = mxmlSaveAllocString(tree, MXML_NO_CALLBACK)) std::free(text);
 }
 
@@ -66,29 +66,29 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > 1 << 16) return 0;
   const char *bytes = reinterpret_cast<const char *>(data);
   const char *nul = static_cast<const char *>(std::memchr(bytes, 0, size));
-  size_t rulesSize = nul != nullptr ? static_cast<size_t>(nul - bytes) : size;
-  std::string document = nul != nullptr ? std::string(nul + 1, size - rulesSize - 1) : std::string();
+  size_t rules_size = nul != nullptr ? static_cast<size_t>(nul - bytes) : size;
+  std::string document = nul != nullptr ? std::string(nul + 1, size - rules_size - 1) : std::string();
   document = document.c_str();  // up to an embedded NUL, as Mini-XML reads it
 
   HReplacer *replacer = HReplacer_create();
-  HReplacer_addRuleSet(replacer, bytes, static_cast<int>(rulesSize));
-  HConverter *converter = makeConverter();
+  HReplacer_addRuleSet(replacer, bytes, static_cast<int>(rules_size));
+  HConverter *converter = make_converter();
 
   // Parsed under a holder node: Mini-XML frees a half-built tree on a parse
   // error only when it has a parent to hang it on.
   mxml_node_t *tree = mxmlNewElement(MXML_NO_PARENT, "holder");
   if (mxmlLoadString(tree, document.c_str(), MXML_OPAQUE_CALLBACK) == nullptr) {
     mxmlDelete(tree);
-    tree = replacer->replaceText(document.c_str());
+    tree = replacer->replace_text(document.c_str());
   } else {
     HReplacer_replace(replacer, tree);
   }
   HConverter_convert(converter, tree);
-  checkPrints(tree);
+  check_prints(tree);
   // A second round over converted text must be as safe as the first.
   HReplacer_replace(replacer, tree);
   HConverter_convert(converter, tree);
-  checkPrints(tree);
+  check_prints(tree);
   mxmlDelete(tree);
 
   HConverter_delete(converter);

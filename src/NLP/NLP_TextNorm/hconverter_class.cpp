@@ -1,28 +1,28 @@
-// Turning rule elements (x...) and say-as elements into sub elements whose
+// hconverter_class.cpp - turning rule elements (x...) and say-as elements into sub elements whose
 // "alias" holds the spoken form. Children are converted before their parent.
 #include "NLP/NLP_TextNorm/hconverter_class.h"
 
 namespace {
 
-bool isElement(mxml_node_t *node) { return node != nullptr && mxmlGetType(node) == MXML_ELEMENT; }
-bool isText(mxml_node_t *node) { return node != nullptr && mxmlGetType(node) == MXML_OPAQUE; }
+bool is_element(mxml_node_t *node) { return node != nullptr && mxmlGetType(node) == MXML_ELEMENT; }
+bool is_text(mxml_node_t *node) { return node != nullptr && mxmlGetType(node) == MXML_OPAQUE; }
 
 // The text an element starts with, or null when its first child is not text.
-const char *leadingText(mxml_node_t *element) {
+const char *leading_text(mxml_node_t *element) {
   mxml_node_t *first = mxmlGetFirstChild(element);
-  return isText(first) ? mxmlGetOpaque(first) : nullptr;
+  return is_text(first) ? mxmlGetOpaque(first) : nullptr;
 }
 
 // Where a reader's spoken form goes: the first child when it is text, or
 // the first text of a first child element.
-mxml_node_t *spokenTarget(mxml_node_t *element) {
+mxml_node_t *spoken_target(mxml_node_t *element) {
   mxml_node_t *target = mxmlGetFirstChild(element);
-  if (isElement(target) && isText(mxmlGetFirstChild(target))) target = mxmlGetFirstChild(target);
-  return isText(target) ? target : nullptr;
+  if (is_element(target) && is_text(mxmlGetFirstChild(target))) target = mxmlGetFirstChild(target);
+  return is_text(target) ? target : nullptr;
 }
 
 // Appends every piece of text below `top`, depth first in document order.
-void appendTextBelow(mxml_node_t *top, CStr *out) {
+void append_text_below(mxml_node_t *top, CStr *out) {
   for (mxml_node_t *node = mxmlGetFirstChild(top); node != nullptr;
        node = mxmlWalkNext(node, top, MXML_DESCEND)) {
     if (mxmlGetType(node) == MXML_OPAQUE) {
@@ -36,12 +36,12 @@ void appendTextBelow(mxml_node_t *top, CStr *out) {
   }
 }
 
-void deleteChildren(mxml_node_t *element) {
+void delete_children(mxml_node_t *element) {
   while (mxml_node_t *child = mxmlGetFirstChild(element)) mxmlDelete(child);
 }
 
 // Turns `element` into <sub alias="...">, keeping its children.
-void makeSub(mxml_node_t *element, const CStr *alias) {
+void make_sub(mxml_node_t *element, const CStr *alias) {
   const char *spoken = CStrStr(alias);
   mxmlElementSetAttr(element, "alias", spoken != nullptr ? spoken : "");
   mxmlSetElement(element, "sub");
@@ -54,36 +54,36 @@ int HConverter::add(const char *name, ConvertFunc func) {
   return callbacks_.emplace(name, func).second ? 1 : 0;
 }
 
-void HConverter::setSayAs(SayAsFunc func) { sayAs_ = func; }
+void HConverter::set_say_as(SayAsFunc func) { say_as_ = func; }
 
 void HConverter::convert(mxml_node_t *node) {
   if (node == nullptr) return;
   for (mxml_node_t *child = mxmlGetFirstChild(node); child != nullptr;
        child = mxmlGetNextSibling(child)) {
-    if (isElement(child)) convertElement(child);
+    if (is_element(child)) convert_element(child);
   }
 }
 
-void HConverter::convertElement(mxml_node_t *element) {
+void HConverter::convert_element(mxml_node_t *element) {
   CStr *work = CStrCreate(256);
   if (work == nullptr) return;
   for (mxml_node_t *child = mxmlGetFirstChild(element); child != nullptr;
        child = mxmlGetNextSibling(child)) {
-    if (isElement(child)) convertElement(child);
+    if (is_element(child)) convert_element(child);
   }
   const char *name = mxmlGetElement(element);
   if (name != nullptr && name[0] == 'x')
-    convertRuleElement(element, work);
+    convert_rule_element(element, work);
   else if (name != nullptr && std::strcmp(name, "say-as") == 0)
-    convertSayAs(element, work);
+    convert_say_as(element, work);
   CStrDestroy(work);
 }
 
-void HConverter::convertRuleElement(mxml_node_t *element, CStr *work) {
+void HConverter::convert_rule_element(mxml_node_t *element, CStr *work) {
   auto found = callbacks_.find(mxmlGetElement(element));
-  if (found != callbacks_.end() && found->second(leadingText(element), work) == 0 &&
+  if (found != callbacks_.end() && found->second(leading_text(element), work) == 0 &&
       CStrStr(work) != nullptr) {
-    if (mxml_node_t *target = spokenTarget(element)) mxmlSetOpaque(target, CStrStr(work));
+    if (mxml_node_t *target = spoken_target(element)) mxmlSetOpaque(target, CStrStr(work));
   }
   const char *src = mxmlElementGetAttr(element, "src");
   // After a failed append the work string has no buffer left to reuse.
@@ -91,18 +91,18 @@ void HConverter::convertRuleElement(mxml_node_t *element, CStr *work) {
   // The written text goes back in as the only child; everything the element
   // held, now spoken, becomes the alias.
   CStrErase(work, 0);
-  appendTextBelow(element, work);
-  deleteChildren(element);
+  append_text_below(element, work);
+  delete_children(element);
   mxmlNewOpaque(element, src);
   mxmlElementDeleteAttr(element, "src");
-  makeSub(element, work);
+  make_sub(element, work);
 }
 
-void HConverter::convertSayAs(mxml_node_t *element, CStr *work) {
-  const char *text = leadingText(element);
-  if (sayAs_ == nullptr || text == nullptr) return;
+void HConverter::convert_say_as(mxml_node_t *element, CStr *work) {
+  const char *text = leading_text(element);
+  if (say_as_ == nullptr || text == nullptr) return;
   const char *detail = mxmlElementGetAttr(element, "detail");
   const char *format = mxmlElementGetAttr(element, "format");
-  const char *interpretAs = mxmlElementGetAttr(element, "interpret-as");
-  if (sayAs_(text, work, interpretAs, format, detail) == 0) makeSub(element, work);
+  const char *interpret_as = mxmlElementGetAttr(element, "interpret-as");
+  if (say_as_(text, work, interpret_as, format, detail) == 0) make_sub(element, work);
 }

@@ -1,7 +1,7 @@
-// The converter object behind the exported HConverter_* functions: the
+// hconverter_class.h - the converter object behind the exported HConverter_* functions: the
 // callbacks by element name and the say-as callback, and the tree rewrite.
-#ifndef NLP_TEXTNORM_HCONVERTER_CLASS_H
-#define NLP_TEXTNORM_HCONVERTER_CLASS_H
+#ifndef UTILS_NLP_TEXTNORM_HCONVERTER_CLASS_H
+#define UTILS_NLP_TEXTNORM_HCONVERTER_CLASS_H
 
 #include <mxml.h>
 
@@ -12,7 +12,7 @@
 #include "hconverter.h"
 
 // Declared in the global namespace to match the opaque type of hconverter.h.
-struct HConverter : textnorm::LocalObject {
+struct HConverter : utils::textnorm::LocalObject {
   HConverter() = default;
   HConverter(const HConverter &) = delete;
   HConverter &operator=(const HConverter &) = delete;
@@ -21,7 +21,7 @@ struct HConverter : textnorm::LocalObject {
   // name is already present or an argument is null.
   virtual int add(const char *name, ConvertFunc func);
   // Replaces the say-as callback; null switches say-as handling off.
-  virtual void setSayAs(SayAsFunc func);
+  virtual void set_say_as(SayAsFunc func);
   // Converts the elements below `node`, inner ones first.
   virtual void convert(mxml_node_t *node);
   virtual ~HConverter() = default;
@@ -31,12 +31,12 @@ struct HConverter : textnorm::LocalObject {
     bool operator()(const char *a, const char *b) const { return std::strcmp(a, b) < 0; }
   };
 
-  void convertElement(mxml_node_t *element);
-  void convertRuleElement(mxml_node_t *element, CStr *work);
-  void convertSayAs(mxml_node_t *element, CStr *work);
+  void convert_element(mxml_node_t *element);
+  void convert_rule_element(mxml_node_t *element, CStr *work);
+  void convert_say_as(mxml_node_t *element, CStr *work);
 
   std::map<const char *, ConvertFunc, NameLess> callbacks_;
-  SayAsFunc sayAs_ = nullptr;
+  SayAsFunc say_as_ = nullptr;
 };
 
-#endif
+#endif  // UTILS_NLP_TEXTNORM_HCONVERTER_CLASS_H

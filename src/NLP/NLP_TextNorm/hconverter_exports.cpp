@@ -1,4 +1,4 @@
-// The exported HConverter_* functions: each forwards to the converter object.
+// hconverter_exports.cpp - the exported HConverter_* functions: each forwards to the converter object.
 #include "hconverter.h"
 
 #include "NLP/NLP_TextNorm/hconverter_class.h"
@@ -14,7 +14,7 @@ UTILS_API int HConverter_add(HConverter *converter, const char *name, ConvertFun
 }
 
 UTILS_API void HConverter_setSayAs(HConverter *converter, SayAsFunc func) {
-  if (converter != nullptr) converter->setSayAs(func);
+  if (converter != nullptr) converter->set_say_as(func);
 }
 
 UTILS_API void HConverter_convert(HConverter *converter, mxml_node_t *node) {

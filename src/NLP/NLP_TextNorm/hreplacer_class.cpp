@@ -1,11 +1,11 @@
-// Loading rules into a replacer and running them over a document.
+// hreplacer_class.cpp - loading rules into a replacer and running them over a document.
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
 
 #include "NLP/NLP_TextNorm/rule_pass.h"
 #include "NLP/NLP_TextNorm/rule_set_reader.h"
 #include "NLP/NLP_TextNorm/text_collector.h"
 
-using textnorm::ReplaceRule;
+using utils::textnorm::ReplaceRule;
 
 HReplacer::HReplacer() { rules_.prev = rules_.next = &rules_; }
 
@@ -18,7 +18,7 @@ HReplacer::~HReplacer() {
   }
 }
 
-int HReplacer::addRule(re2::StringPiece pattern, re2::StringPiece rewrite) {
+int HReplacer::add_rule(re2::StringPiece pattern, re2::StringPiece rewrite) {
   ReplaceRule *rule = ReplaceRule::make(pattern, rewrite);
   if (rule == nullptr) return 0;
   rule->prev = rules_.prev;
@@ -29,35 +29,35 @@ int HReplacer::addRule(re2::StringPiece pattern, re2::StringPiece rewrite) {
   return 1;
 }
 
-int HReplacer::addRule(const char *pattern, const char *rewrite) {
-  return addRule(re2::StringPiece(pattern ? pattern : ""), re2::StringPiece(rewrite ? rewrite : ""));
+int HReplacer::add_rule(const char *pattern, const char *rewrite) {
+  return add_rule(re2::StringPiece(pattern ? pattern : ""), re2::StringPiece(rewrite ? rewrite : ""));
 }
 
-int HReplacer::addRuleSet(const char *text, int length) {
-  return textnorm::readRuleSet(text, length, [this](re2::StringPiece p, re2::StringPiece r) {
-    return addRule(p, r) == 1;
+int HReplacer::add_rule_set(const char *text, int length) {
+  return utils::textnorm::read_rule_set(text, length, [this](re2::StringPiece p, re2::StringPiece r) {
+    return add_rule(p, r) == 1;
   });
 }
 
-void HReplacer::applyAll(textnorm::TextQueue &queue) const {
+void HReplacer::apply_all(utils::textnorm::TextQueue &queue) const {
   for (const ReplaceRule *rule = rules_.next; rule != &rules_ && !queue.empty(); rule = rule->next)
-    textnorm::applyRule(*rule, queue);
+    utils::textnorm::apply_rule(*rule, queue);
 }
 
 void HReplacer::replace(mxml_node_t *node) {
-  textnorm::TextQueue queue;
-  textnorm::collectText(node, queue);
-  applyAll(queue);
+  utils::textnorm::TextQueue queue;
+  utils::textnorm::collect_text(node, queue);
+  apply_all(queue);
 }
 
-mxml_node_t *HReplacer::replaceText(const char *text) {
+mxml_node_t *HReplacer::replace_text(const char *text) {
   mxml_node_t *document = mxmlNewXML("1.0");
   if (document == nullptr) return nullptr;
   mxml_node_t *speak = mxmlNewElement(document, "speak");
   if (speak != nullptr && text != nullptr) {
-    textnorm::TextQueue queue;
-    if (mxml_node_t *child = mxmlNewOpaque(speak, text)) textnorm::pushText(queue, child);
-    applyAll(queue);
+    utils::textnorm::TextQueue queue;
+    if (mxml_node_t *child = mxmlNewOpaque(speak, text)) utils::textnorm::push_text(queue, child);
+    apply_all(queue);
   }
   return document;
 }

@@ -1,4 +1,4 @@
-// The exported HReplacer_* functions: each forwards to the replacer object.
+// hreplacer_exports.cpp - the exported HReplacer_* functions: each forwards to the replacer object.
 #include "hreplacer.h"
 
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
@@ -10,7 +10,7 @@ UTILS_API HReplacer *HReplacer_create(void) { return new HReplacer(); }
 UTILS_API void HReplacer_delete(HReplacer *replacer) { delete replacer; }
 
 UTILS_API int HReplacer_addRuleSet(HReplacer *replacer, const char *text, int length) {
-  return replacer != nullptr ? replacer->addRuleSet(text, length) : 0;
+  return replacer != nullptr ? replacer->add_rule_set(text, length) : 0;
 }
 
 UTILS_API void HReplacer_replace(HReplacer *replacer, mxml_node_t *node) {

@@ -1,13 +1,13 @@
-// Objects of the text normalisation classes live in the local allocator:
+// local_object.h - objects of the text normalisation classes live in the local allocator:
 // zero-filled blocks, and a null result (not an exception) when memory runs out.
-#ifndef NLP_TEXTNORM_LOCAL_OBJECT_H
-#define NLP_TEXTNORM_LOCAL_OBJECT_H
+#ifndef UTILS_NLP_TEXTNORM_LOCAL_OBJECT_H
+#define UTILS_NLP_TEXTNORM_LOCAL_OBJECT_H
 
 #include <cstddef>
 
 #include "bsr_string.h"
 
-namespace textnorm {
+namespace utils::textnorm {
 
 // Base for classes made with `new`: a non-throwing allocation function makes
 // the new-expression yield null instead of running the constructor.
@@ -18,6 +18,6 @@ struct LocalObject {
   static void operator delete(void *block) noexcept { bsr_free(block); }
 };
 
-}  // namespace textnorm
+}  // namespace utils::textnorm
 
-#endif
+#endif  // UTILS_NLP_TEXTNORM_LOCAL_OBJECT_H

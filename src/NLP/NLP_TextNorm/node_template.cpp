@@ -1,14 +1,14 @@
-// Generation of replacement nodes from rewrite templates: elements, text
+// node_template.cpp - generation of replacement nodes from rewrite templates: elements, text
 // built from literals and submatches, and text copied from one submatch.
 #include "NLP/NLP_TextNorm/node_template.h"
 
-namespace textnorm {
+namespace utils::textnorm {
 
 namespace {
 
 // A new parentless text node holding a copy of `text` (null when memory is
 // exhausted).
-mxml_node_t *newText(const std::string &text) {
+mxml_node_t *new_text(const std::string &text) {
   return mxmlNewOpaque(MXML_NO_PARENT, text.c_str());
 }
 
@@ -25,7 +25,7 @@ ElementTemplate::~ElementTemplate() {
   for (NodeTemplate *child : children_) delete child;
 }
 
-void ElementTemplate::addChild(NodeTemplate *child) {
+void ElementTemplate::add_child(NodeTemplate *child) {
   if (child != nullptr) children_.push_back(child);
 }
 
@@ -43,33 +43,33 @@ TextTemplate::~TextTemplate() {
   for (TextPiece *piece : pieces_) delete piece;
 }
 
-bool TextTemplate::appendLiteral(char c) {
-  if (openLiteral_ == nullptr) {
-    openLiteral_ = new LiteralPiece(std::string());
-    if (openLiteral_ == nullptr) return false;
-    pieces_.push_back(openLiteral_);
+bool TextTemplate::append_literal(char c) {
+  if (open_literal_ == nullptr) {
+    open_literal_ = new LiteralPiece(std::string());
+    if (open_literal_ == nullptr) return false;
+    pieces_.push_back(open_literal_);
   }
-  openLiteral_->append(c);
+  open_literal_->append(c);
   return true;
 }
 
-bool TextTemplate::appendGroup(int group) {
+bool TextTemplate::append_group(int group) {
   TextPiece *piece = new GroupPiece(group);
   if (piece == nullptr) return false;
   pieces_.push_back(piece);
-  openLiteral_ = nullptr;
+  open_literal_ = nullptr;
   return true;
 }
 
 mxml_node_t *TextTemplate::generate(Submatches groups) const {
   std::string text;
   for (const TextPiece *piece : pieces_) piece->generate(groups, text);
-  return newText(text);
+  return new_text(text);
 }
 
 mxml_node_t *GroupText::generate(Submatches groups) const {
   const re2::StringPiece &g = groups[group_];
-  return newText(g.data() == nullptr ? std::string() : std::string(g.data(), g.size()));
+  return new_text(g.data() == nullptr ? std::string() : std::string(g.data(), g.size()));
 }
 
-}  // namespace textnorm
+}  // namespace utils::textnorm

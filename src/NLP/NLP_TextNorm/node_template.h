@@ -1,7 +1,7 @@
-// Rewrite templates: a small tree of objects that builds the element which
+// node_template.h - rewrite templates: a small tree of objects that builds the element which
 // replaces one rule match, filling in the match's capture groups.
-#ifndef NLP_TEXTNORM_NODE_TEMPLATE_H
-#define NLP_TEXTNORM_NODE_TEMPLATE_H
+#ifndef UTILS_NLP_TEXTNORM_NODE_TEMPLATE_H
+#define UTILS_NLP_TEXTNORM_NODE_TEMPLATE_H
 
 #include <mxml.h>
 #include <re2/re2.h>
@@ -11,7 +11,7 @@
 
 #include "NLP/NLP_TextNorm/local_object.h"
 
-namespace textnorm {
+namespace utils::textnorm {
 
 // The submatches of one match: entry 0 is the whole match, entry k capture
 // group k. A group that took no part has a null data pointer.
@@ -58,7 +58,7 @@ class ElementTemplate : public NodeTemplate {
   ~ElementTemplate() override;
   mxml_node_t *generate(Submatches groups) const override;
   // Takes ownership; a null child is ignored.
-  void addChild(NodeTemplate *child);
+  void add_child(NodeTemplate *child);
   const std::string &name() const { return name_; }
   const std::vector<NodeTemplate *> &children() const { return children_; }
 
@@ -74,14 +74,14 @@ class TextTemplate : public NodeTemplate {
   mxml_node_t *generate(Submatches groups) const override;
   // Adds one literal byte, to the last piece when that is a literal.
   // False when memory is exhausted.
-  bool appendLiteral(char c);
+  bool append_literal(char c);
   // Adds the text of submatch `group`. False when memory is exhausted.
-  bool appendGroup(int group);
+  bool append_group(int group);
   bool empty() const { return pieces_.empty(); }
 
  private:
   std::vector<TextPiece *> pieces_;
-  LiteralPiece *openLiteral_ = nullptr;
+  LiteralPiece *open_literal_ = nullptr;
 };
 
 // One text node holding a copy of one submatch.
@@ -94,6 +94,6 @@ class GroupText : public NodeTemplate {
   int group_;
 };
 
-}  // namespace textnorm
+}  // namespace utils::textnorm
 
-#endif
+#endif  // UTILS_NLP_TEXTNORM_NODE_TEMPLATE_H

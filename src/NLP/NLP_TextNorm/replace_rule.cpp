@@ -1,16 +1,16 @@
-// Making and freeing replacement rules.
+// replace_rule.cpp - making and freeing replacement rules.
 #include "NLP/NLP_TextNorm/replace_rule.h"
 
 #include <new>
 
 #include "NLP/NLP_TextNorm/template_parser.h"
 
-namespace textnorm {
+namespace utils::textnorm {
 
 // RE2's default options, except that a rejected pattern is not reported on
 // standard error: the library writes no log, and the rejection is already
 // counted in the result of adding the rule set.
-static re2::RE2::Options quietDefaults() {
+static re2::RE2::Options quiet_defaults() {
   re2::RE2::Options options;
   options.set_log_errors(false);
   return options;
@@ -19,12 +19,12 @@ static re2::RE2::Options quietDefaults() {
 ReplaceRule *ReplaceRule::make(re2::StringPiece pattern, re2::StringPiece rewrite) {
   ReplaceRule *rule = new ReplaceRule();  // the local allocator: null on failure
   if (rule == nullptr) return nullptr;
-  rule->pattern = new (std::nothrow) re2::RE2(pattern, quietDefaults());
+  rule->pattern = new (std::nothrow) re2::RE2(pattern, quiet_defaults());
   if (rule->pattern == nullptr || !rule->pattern->ok()) {
     delete rule;
     return nullptr;
   }
-  rule->rewrite = parseTemplate(rewrite, rule->pattern->NumberOfCapturingGroups());
+  rule->rewrite = parse_template(rewrite, rule->pattern->NumberOfCapturingGroups());
   if (rule->rewrite == nullptr) {
     delete rule;
     return nullptr;
@@ -37,4 +37,4 @@ ReplaceRule::~ReplaceRule() {
   delete pattern;
 }
 
-}  // namespace textnorm
+}  // namespace utils::textnorm

@@ -1,14 +1,14 @@
-// One rule of a replacer: a compiled pattern and the template of the element
+// replace_rule.h - one rule of a replacer: a compiled pattern and the template of the element
 // that replaces each match.
-#ifndef NLP_TEXTNORM_REPLACE_RULE_H
-#define NLP_TEXTNORM_REPLACE_RULE_H
+#ifndef UTILS_NLP_TEXTNORM_REPLACE_RULE_H
+#define UTILS_NLP_TEXTNORM_REPLACE_RULE_H
 
 #include <re2/re2.h>
 
 #include "NLP/NLP_TextNorm/local_object.h"
 #include "NLP/NLP_TextNorm/node_template.h"
 
-namespace textnorm {
+namespace utils::textnorm {
 
 struct ReplaceRule : LocalObject {
   // Compiles `pattern` (default options, errors not logged) and parses `rewrite` against its
@@ -22,6 +22,6 @@ struct ReplaceRule : LocalObject {
   ReplaceRule *next = nullptr;
 };
 
-}  // namespace textnorm
+}  // namespace utils::textnorm
 
-#endif
+#endif  // UTILS_NLP_TEXTNORM_REPLACE_RULE_H

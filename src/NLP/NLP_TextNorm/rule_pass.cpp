@@ -1,4 +1,4 @@
-// Cutting matches out of text nodes. For each match only the stretch from the
+// rule_pass.cpp - cutting matches out of text nodes. For each match only the stretch from the
 // first to the last non-empty capture group is replaced; text before it stays
 // as text, and text after it is searched again by the same rule.
 #include "NLP/NLP_TextNorm/rule_pass.h"
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace textnorm {
+namespace utils::textnorm {
 
 namespace {
 
@@ -16,7 +16,7 @@ struct Cut {
   size_t end;    // one past the last byte replaced; the search resumes here
 };
 
-Cut cutOf(const re2::StringPiece &text, const std::vector<re2::StringPiece> &groups) {
+Cut cut_of(const re2::StringPiece &text, const std::vector<re2::StringPiece> &groups) {
   bool any = false;
   size_t start = 0, end = 0;
   for (size_t k = 1; k < groups.size(); ++k) {
@@ -29,21 +29,21 @@ Cut cutOf(const re2::StringPiece &text, const std::vector<re2::StringPiece> &gro
     any = true;
   }
   if (!any) {
-    size_t matchEnd = static_cast<size_t>(groups[0].data() - text.data()) + groups[0].size();
-    start = end = matchEnd;
+    size_t match_end = static_cast<size_t>(groups[0].data() - text.data()) + groups[0].size();
+    start = end = match_end;
   }
   return {start, end};
 }
 
 // Bytes in the UTF-8 character that starts at text[at] (1 for a stray byte).
-size_t charLength(const re2::StringPiece &text, size_t at) {
+size_t char_length(const re2::StringPiece &text, size_t at) {
   unsigned char lead = static_cast<unsigned char>(text[at]);
   size_t n = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
   return at + n <= text.size() ? n : text.size() - at;
 }
 
 // Links a new text node holding text[from, to) before `anchor` and queues it.
-void insertText(mxml_node_t *anchor, const re2::StringPiece &text, size_t from, size_t to,
+void insert_text(mxml_node_t *anchor, const re2::StringPiece &text, size_t from, size_t to,
                 TextQueue &queue) {
   std::string copy(text.data() + from, to - from);
   mxml_node_t *node = mxmlNewOpaque(MXML_NO_PARENT, copy.c_str());
@@ -54,7 +54,7 @@ void insertText(mxml_node_t *anchor, const re2::StringPiece &text, size_t from, 
 
 // Links the rule's element for one match before `anchor`, recording the
 // text it replaces in "src". Nothing is linked when the template made nothing.
-void insertElement(const ReplaceRule &rule, mxml_node_t *anchor, const re2::StringPiece &text,
+void insert_element(const ReplaceRule &rule, mxml_node_t *anchor, const re2::StringPiece &text,
                    const Cut &cut, const std::vector<re2::StringPiece> &groups) {
   mxml_node_t *made = rule.rewrite->generate(groups.data());
   if (made == nullptr) return;
@@ -65,7 +65,7 @@ void insertElement(const ReplaceRule &rule, mxml_node_t *anchor, const re2::Stri
 
 // Rewrites one text node; returns false (and changes nothing) when the rule
 // does not match it.
-bool rewriteNode(const ReplaceRule &rule, const QueuedText &entry, TextQueue &queue,
+bool rewrite_node(const ReplaceRule &rule, const QueuedText &entry, TextQueue &queue,
                  std::vector<re2::StringPiece> &groups) {
   const re2::StringPiece text(entry.text, entry.length);
   // Most nodes do not match most rules. Asking only whether there is a match
@@ -80,35 +80,35 @@ bool rewriteNode(const ReplaceRule &rule, const QueuedText &entry, TextQueue &qu
   while (search <= text.size() &&
          rule.pattern->Match(text, search, text.size(), re2::RE2::UNANCHORED, groups.data(), n)) {
     matched = true;
-    Cut cut = cutOf(text, groups);
-    if (cut.start > kept) insertText(node, text, kept, cut.start, queue);
-    insertElement(rule, node, text, cut, groups);
+    Cut cut = cut_of(text, groups);
+    if (cut.start > kept) insert_text(node, text, kept, cut.start, queue);
+    insert_element(rule, node, text, cut, groups);
     kept = cut.end;
     // After an empty match the resume point is the match itself, and a new
     // search from there would find it again: step over one character.
     if (groups[0].empty()) {
       if (cut.end >= text.size()) break;
-      search = cut.end + charLength(text, cut.end);
+      search = cut.end + char_length(text, cut.end);
     } else {
       search = cut.end;
     }
   }
   if (!matched) return false;
-  if (kept < text.size()) insertText(node, text, kept, text.size(), queue);
+  if (kept < text.size()) insert_text(node, text, kept, text.size(), queue);
   mxmlDelete(node);
   return true;
 }
 
 }  // namespace
 
-void applyRule(const ReplaceRule &rule, TextQueue &queue) {
+void apply_rule(const ReplaceRule &rule, TextQueue &queue) {
   // One submatch array per pass, shared by every node of the pass.
   std::vector<re2::StringPiece> groups(rule.pattern->NumberOfCapturingGroups() + 1);
   for (size_t left = queue.size(); left > 0; --left) {
     QueuedText entry = queue.front();
     queue.pop_front();
-    if (!rewriteNode(rule, entry, queue, groups)) queue.push_back(entry);
+    if (!rewrite_node(rule, entry, queue, groups)) queue.push_back(entry);
   }
 }
 
-}  // namespace textnorm
+}  // namespace utils::textnorm

@@ -1,14 +1,14 @@
-// Line splitting and classification of rule-set texts.
+// rule_set_reader.cpp - line splitting and classification of rule-set texts.
 #include "NLP/NLP_TextNorm/rule_set_reader.h"
 
 #include <string>
 
-namespace textnorm {
+namespace utils::textnorm {
 
 namespace {
 
 // Result of one line: whether it counts as rejected.
-bool lineRejected(const std::string &line, const RuleSink &sink) {
+bool line_rejected(const std::string &line, const RuleSink &sink) {
   std::string::size_type tab = line.find('\t');
   if (tab == std::string::npos) return true;
   if (line[0] == '#') return false;
@@ -22,21 +22,21 @@ bool lineRejected(const std::string &line, const RuleSink &sink) {
 
 }  // namespace
 
-int readRuleSet(const char *text, int length, const RuleSink &sink) {
+int read_rule_set(const char *text, int length, const RuleSink &sink) {
   if (text == nullptr || length <= 0) return 0;
   int rejected = 0;
   std::string line;
   const char *end = text + length;
   for (const char *at = text; at < end; ++at) {
     if (*at == '\n') {
-      if (!line.empty() && lineRejected(line, sink)) ++rejected;
+      if (!line.empty() && line_rejected(line, sink)) ++rejected;
       line.clear();
     } else if (*at != '\r') {
       line.push_back(*at);
     }
   }
-  if (!line.empty() && lineRejected(line, sink)) ++rejected;
+  if (!line.empty() && line_rejected(line, sink)) ++rejected;
   return rejected;
 }
 
-}  // namespace textnorm
+}  // namespace utils::textnorm

@@ -1,13 +1,13 @@
-// Splitting a rule-set text into rules: one "pattern TAB template" per line,
+// rule_set_reader.h - splitting a rule-set text into rules: one "pattern TAB template" per line,
 // with the counting rules for comments and rejected lines.
-#ifndef NLP_TEXTNORM_RULE_SET_READER_H
-#define NLP_TEXTNORM_RULE_SET_READER_H
+#ifndef UTILS_NLP_TEXTNORM_RULE_SET_READER_H
+#define UTILS_NLP_TEXTNORM_RULE_SET_READER_H
 
 #include <re2/re2.h>
 
 #include <functional>
 
-namespace textnorm {
+namespace utils::textnorm {
 
 // Longest line, pattern and template a rule set may hold, in bytes (CRs not
 // counted). Longer ones are rejected like malformed lines.
@@ -24,8 +24,8 @@ using RuleSink = std::function<bool(re2::StringPiece pattern, re2::StringPiece r
 // lines with an empty or overlong pattern or template, overlong lines, and
 // lines the sink refused. Empty lines and "#...TAB..." comments are skipped
 // without counting. A null text or a length below 1 reads nothing.
-int readRuleSet(const char *text, int length, const RuleSink &sink);
+int read_rule_set(const char *text, int length, const RuleSink &sink);
 
-}  // namespace textnorm
+}  // namespace utils::textnorm
 
-#endif
+#endif  // UTILS_NLP_TEXTNORM_RULE_SET_READER_H

@@ -1,4 +1,4 @@
-// SayAsCardinal: splits a written number into sign, integer digits and
+// say_as_cardinal.cpp - SayAsCardinal: splits a written number into sign, integer digits and
 // fraction digits for the readers that speak it.
 #include "hconverter.h"
 
@@ -6,13 +6,13 @@ namespace {
 
 constexpr int kBadArgument = ~9;  // -10
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLeadingBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_leading_blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 // Appends the ASCII digits of [at, end) to `out`; stops at the first failure.
-int appendDigits(const char *at, const char *end, CStr *out) {
+int append_digits(const char *at, const char *end, CStr *out) {
   for (; at < end; ++at) {
-    if (!isDigit(*at)) continue;
+    if (!is_digit(*at)) continue;
     if (int rc = CStrAppendC(out, *at)) return rc;
   }
   return 0;
@@ -32,7 +32,7 @@ extern "C" UTILS_API int SayAsCardinal(const char *text, const char *decimal_poi
   CStrErase(fraction_digits, 0);
 
   const char *at = text;
-  while (isLeadingBlank(*at)) ++at;
+  while (is_leading_blank(*at)) ++at;
   if (*at == '+' || *at == '-') {
     if (int rc = CStrAppendC(sign, *at)) return rc;
     ++at;
@@ -43,7 +43,7 @@ extern "C" UTILS_API int SayAsCardinal(const char *text, const char *decimal_poi
   while (*point != 0 && *point != *decimal_point) ++point;
   const char *end = point;
   while (*end != 0) ++end;
-  if (int rc = appendDigits(at, point, integer_digits)) return rc;
-  if (*point != 0) return appendDigits(point + 1, end, fraction_digits);
+  if (int rc = append_digits(at, point, integer_digits)) return rc;
+  if (*point != 0) return append_digits(point + 1, end, fraction_digits);
   return 0;
 }

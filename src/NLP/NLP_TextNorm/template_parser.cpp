@@ -1,82 +1,82 @@
-// A recursive-descent reader of rewrite templates. Every failure unwinds by
+// template_parser.cpp - a recursive-descent reader of rewrite templates. Every failure unwinds by
 // deleting the partly built tree, so a rejected template leaks nothing.
 #include "NLP/NLP_TextNorm/template_parser.h"
 
 #include <memory>
 
-namespace textnorm {
+namespace utils::textnorm {
 
 namespace {
 
-bool isBlank(char c) {
+bool is_blank(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
 }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 class TemplateParser {
  public:
-  TemplateParser(re2::StringPiece text, int groupCount)
-      : at_(text.data()), end_(text.data() + text.size()), groupCount_(groupCount) {}
+  TemplateParser(re2::StringPiece text, int group_count)
+      : at_(text.data()), end_(text.data() + text.size()), group_count_(group_count) {}
 
   ElementTemplate *parse() {
-    skipBlanks();
-    if (atEnd()) return nullptr;
+    skip_blanks();
+    if (at_end()) return nullptr;
     std::unique_ptr<ElementTemplate> root;
     if (*at_ == '"') {
       root.reset(new ElementTemplate("x"));
-      if (!root || !readQuotedBody(*root)) return nullptr;
+      if (!root || !read_quoted_body(*root)) return nullptr;
     } else {
-      root.reset(readElement());
+      root.reset(read_element());
       if (!root) return nullptr;
     }
     // Only white space may follow the template: anything else is most
     // likely a typing error in the rule set, so the line is rejected.
-    skipBlanks();
-    return atEnd() ? root.release() : nullptr;
+    skip_blanks();
+    return at_end() ? root.release() : nullptr;
   }
 
  private:
-  bool atEnd() const { return at_ >= end_; }
-  void skipBlanks() {
-    while (!atEnd() && isBlank(*at_)) ++at_;
+  bool at_end() const { return at_ >= end_; }
+  void skip_blanks() {
+    while (!at_end() && is_blank(*at_)) ++at_;
   }
 
   // name{ children }, the cursor on the first character of the name.
-  ElementTemplate *readElement() {
+  ElementTemplate *read_element() {
     const char *name = at_;
-    while (!atEnd() && !isBlank(*at_) && *at_ != '{') ++at_;
+    while (!at_end() && !is_blank(*at_) && *at_ != '{') ++at_;
     if (at_ == name) return nullptr;
     std::unique_ptr<ElementTemplate> element(new ElementTemplate(std::string(name, at_)));
     if (!element) return nullptr;
-    skipBlanks();
-    if (atEnd() || *at_ != '{') return nullptr;
+    skip_blanks();
+    if (at_end() || *at_ != '{') return nullptr;
     ++at_;
     for (;;) {
-      skipBlanks();
-      if (atEnd()) return nullptr;
+      skip_blanks();
+      if (at_end()) return nullptr;
       if (*at_ == '}') {
         ++at_;
         return element.release();
       }
       if (*at_ == '"') {
-        if (!readQuotedBody(*element)) return nullptr;
+        if (!read_quoted_body(*element)) return nullptr;
       } else {
-        ElementTemplate *child = readElement();
+        ElementTemplate *child = read_element();
         if (child == nullptr) return nullptr;
-        element->addChild(child);
+        element->add_child(child);
       }
     }
   }
 
   // A decimal N naming capture group N+1, which the pattern must have.
-  bool readGroup(int &group) {
-    if (atEnd() || !isDigit(*at_)) return false;
+  bool read_group(int &group) {
+    if (at_end() || !is_digit(*at_)) return false;
     long n = 0;
-    while (!atEnd() && isDigit(*at_)) {
+    while (!at_end() && is_digit(*at_)) {
       n = n * 10 + (*at_++ - '0');
-      if (n >= groupCount_) {
+      if (n >= group_count_) {
         // Too large already; finish the number so the error is the group.
-        while (!atEnd() && isDigit(*at_)) ++at_;
+        while (!at_end() && is_digit(*at_)) ++at_;
         return false;
       }
     }
@@ -85,47 +85,47 @@ class TemplateParser {
   }
 
   // Hands the text template being built to `element` when it holds pieces.
-  static bool closeText(ElementTemplate &element, std::unique_ptr<TextTemplate> &text) {
-    if (!text->empty()) element.addChild(text.release());
+  static bool close_text(ElementTemplate &element, std::unique_ptr<TextTemplate> &text) {
+    if (!text->empty()) element.add_child(text.release());
     text.reset(new TextTemplate());
     return text != nullptr;
   }
 
   // "?name:N": an element `name` holding the text of capture group N+1.
-  bool readNamedGroup(ElementTemplate &element) {
+  bool read_named_group(ElementTemplate &element) {
     const char *name = at_;
-    while (!atEnd() && *at_ != ':' && *at_ != '"') ++at_;
-    if (atEnd() || *at_ != ':' || at_ == name) return false;
+    while (!at_end() && *at_ != ':' && *at_ != '"') ++at_;
+    if (at_end() || *at_ != ':' || at_ == name) return false;
     std::unique_ptr<ElementTemplate> child(new ElementTemplate(std::string(name, at_)));
     ++at_;
     int group = 0;
-    if (!child || !readGroup(group)) return false;
-    NodeTemplate *groupText = new GroupText(group);
-    if (groupText == nullptr) return false;
-    child->addChild(groupText);
-    element.addChild(child.release());
+    if (!child || !read_group(group)) return false;
+    NodeTemplate *group_text = new GroupText(group);
+    if (group_text == nullptr) return false;
+    child->add_child(group_text);
+    element.add_child(child.release());
     return true;
   }
 
   // From the opening quote to the closing one; the nodes go to `element`.
-  bool readQuotedBody(ElementTemplate &element) {
+  bool read_quoted_body(ElementTemplate &element) {
     ++at_;
     std::unique_ptr<TextTemplate> text(new TextTemplate());
     if (!text) return false;
-    while (!atEnd()) {
+    while (!at_end()) {
       char c = *at_++;
-      if (c == '"') return closeText(element, text);
+      if (c == '"') return close_text(element, text);
       if (c == '\\') {
-        if (atEnd()) return false;
-        if (!text->appendLiteral(*at_++)) return false;
+        if (at_end()) return false;
+        if (!text->append_literal(*at_++)) return false;
       } else if (c == '?') {
-        if (!atEnd() && isDigit(*at_)) {
+        if (!at_end() && is_digit(*at_)) {
           int group = 0;
-          if (!readGroup(group) || !text->appendGroup(group)) return false;
+          if (!read_group(group) || !text->append_group(group)) return false;
         } else {
-          if (!closeText(element, text) || !readNamedGroup(element)) return false;
+          if (!close_text(element, text) || !read_named_group(element)) return false;
         }
-      } else if (!text->appendLiteral(c)) {
+      } else if (!text->append_literal(c)) {
         return false;
       }
     }
@@ -134,13 +134,13 @@ class TemplateParser {
 
   const char *at_;
   const char *end_;
-  int groupCount_;
+  int group_count_;
 };
 
 }  // namespace
 
-ElementTemplate *parseTemplate(re2::StringPiece text, int groupCount) {
-  return TemplateParser(text, groupCount).parse();
+ElementTemplate *parse_template(re2::StringPiece text, int group_count) {
+  return TemplateParser(text, group_count).parse();
 }
 
-}  // namespace textnorm
+}  // namespace utils::textnorm

@@ -1,4 +1,4 @@
-// The walk that gathers rewritable text nodes. Its two fixed patterns are
+// text_collector.cpp - the walk that gathers rewritable text nodes. Its two fixed patterns are
 // compiled on first use; C++ makes that first use thread-safe.
 #include "NLP/NLP_TextNorm/text_collector.h"
 
@@ -6,52 +6,52 @@
 
 #include <cstring>
 
-namespace textnorm {
+namespace utils::textnorm {
 
 namespace {
 
-const re2::RE2 &protectedNamePattern() {
+const re2::RE2 &protected_name_pattern() {
   static const re2::RE2 pattern("sub|say-as");
   return pattern;
 }
 
-const re2::RE2 &blankPattern() {
+const re2::RE2 &blank_pattern() {
   static const re2::RE2 pattern("\\s*");
   return pattern;
 }
 
-bool fullMatch(const re2::RE2 &pattern, const char *text) {
+bool full_match(const re2::RE2 &pattern, const char *text) {
   re2::StringPiece piece(text);
   return pattern.Match(piece, 0, piece.size(), re2::RE2::ANCHOR_BOTH, nullptr, 0);
 }
 
 }  // namespace
 
-bool isProtectedElement(const char *name) {
+bool is_protected_element(const char *name) {
   if (name == nullptr) return false;
-  return name[0] == 'x' || fullMatch(protectedNamePattern(), name);
+  return name[0] == 'x' || full_match(protected_name_pattern(), name);
 }
 
-bool isBlankText(const char *text) {
-  return text == nullptr || fullMatch(blankPattern(), text);
+bool is_blank_text(const char *text) {
+  return text == nullptr || full_match(blank_pattern(), text);
 }
 
-void pushText(TextQueue &queue, mxml_node_t *node) {
+void push_text(TextQueue &queue, mxml_node_t *node) {
   const char *text = mxmlGetOpaque(node);
   if (text != nullptr) queue.push_back({node, text, std::strlen(text)});
 }
 
-void collectText(mxml_node_t *top, TextQueue &queue) {
+void collect_text(mxml_node_t *top, TextQueue &queue) {
   if (top == nullptr) return;
   mxml_node_t *node = mxmlGetFirstChild(top);
   while (node != nullptr) {
     int descend = MXML_NO_DESCEND;
     switch (mxmlGetType(node)) {
       case MXML_ELEMENT:
-        if (!isProtectedElement(mxmlGetElement(node))) descend = MXML_DESCEND;
+        if (!is_protected_element(mxmlGetElement(node))) descend = MXML_DESCEND;
         break;
       case MXML_OPAQUE:
-        if (!isBlankText(mxmlGetOpaque(node))) pushText(queue, node);
+        if (!is_blank_text(mxmlGetOpaque(node))) push_text(queue, node);
         break;
       default:
         break;
@@ -60,4 +60,4 @@ void collectText(mxml_node_t *top, TextQueue &queue) {
   }
 }
 
-}  // namespace textnorm
+}  // namespace utils::textnorm
