@@ -1,11 +1,11 @@
-// The constant data behind the DSP lookup accessors. The definitions are
+// dsp_table_data.h - the constant data behind the DSP lookup accessors. The definitions are
 // written by make_dsp_tables at build time into the build tree.
 #ifndef UTILS_HMM_DSP_TABLE_DATA_H
 #define UTILS_HMM_DSP_TABLE_DATA_H
 
 #include <stdint.h>
 
-namespace utils_dsp {
+namespace utils::hmm {
 
 constexpr unsigned kCosEntries = 4096;
 constexpr unsigned kExpIntEntries = 20;
@@ -18,6 +18,6 @@ extern const uint8_t kExpShiftTable[kExpIntEntries];
 extern const uint16_t kExpFracTable[kExpFracEntries];
 extern const uint16_t kRandPhaseTable[kRandPhaseEntries];
 
-}  // namespace utils_dsp
+}  // namespace utils::hmm
 
 #endif  // UTILS_HMM_DSP_TABLE_DATA_H

@@ -1,4 +1,4 @@
-// The exported DSP lookup accessors: one load each from the constant tables
+// dsp_tables.cpp - the exported DSP lookup accessors: one load each from the constant tables
 // that the build generates (see make_dsp_tables.cc).
 #include "dsp_tables.h"
 
@@ -6,14 +6,14 @@
 
 extern "C" {
 
-UTILS_API int LookupCosTable(unsigned int index) { return utils_dsp::kCosTable[index]; }
+UTILS_API int LookupCosTable(unsigned int index) { return utils::hmm::kCosTable[index]; }
 
-UTILS_API int LookupExpTableIn(unsigned int index) { return utils_dsp::kExpIntTable[index]; }
+UTILS_API int LookupExpTableIn(unsigned int index) { return utils::hmm::kExpIntTable[index]; }
 
-UTILS_API int LookupExpTableShift(unsigned int index) { return utils_dsp::kExpShiftTable[index]; }
+UTILS_API int LookupExpTableShift(unsigned int index) { return utils::hmm::kExpShiftTable[index]; }
 
-UTILS_API int LookupExpTableFr(unsigned int index) { return utils_dsp::kExpFracTable[index]; }
+UTILS_API int LookupExpTableFr(unsigned int index) { return utils::hmm::kExpFracTable[index]; }
 
-UTILS_API int LookupRandPhase(unsigned int index) { return utils_dsp::kRandPhaseTable[index]; }
+UTILS_API int LookupRandPhase(unsigned int index) { return utils::hmm::kRandPhaseTable[index]; }
 
 }  // extern "C"

@@ -1,4 +1,4 @@
-// Maximum-likelihood parameter generation for one dimension of a stream:
+// mlpg.cpp - maximum-likelihood parameter generation for one dimension of a stream:
 // builds the band system W'U^-1 W c = W'U^-1 mu, factorises it as L D L'
 // and solves it, all in single precision.
 //
@@ -24,7 +24,7 @@
 
 namespace {
 
-using utils_mlpg::Plan;
+using utils::hmm::Plan;
 
 // ---- Any band width: rows read back from memory --------------------------
 
@@ -71,7 +71,7 @@ void backward_any(PStream *ps, int frames) {
 
 void generate_any(PStream *ps, int m, int frames, const Plan *plan) {
   for (int t = 0; t < frames; ++t) {
-    const float wum = utils_mlpg::build_row<0>(ps, plan, m, t, frames);
+    const float wum = utils::hmm::build_row<0>(ps, plan, m, t, frames);
     ps->wum[t] = wum;
     factorise_row(ps->wuw, t, ps->width);
     ps->g[t] = forward_row(ps->wuw, ps->g, wum, t, ps->width);
@@ -172,17 +172,17 @@ void generate_fixed(PStream *ps, int frames, Build build) {
 template <int K>
 void generate_planned(PStream *ps, int m, int frames, const Plan *plan) {
   generate_fixed<K>(ps, frames,
-                    [=](int t) { return utils_mlpg::build_row<K>(ps, plan, m, t, frames); });
+                    [=](int t) { return utils::hmm::build_row<K>(ps, plan, m, t, frames); });
 }
 
 // The first and last frames, where a shift leaves the utterance, are built
 // the general way.
-void generate_tap3(PStream *ps, int m, int frames, const utils_mlpg::Tap3Plan &plan) {
+void generate_tap3(PStream *ps, int m, int frames, const utils::hmm::Tap3Plan &plan) {
   generate_fixed<3>(ps, frames, [&](int t) {
-    if (t == 0 || t == frames - 1) return utils_mlpg::build_row<3>(ps, nullptr, m, t, frames);
-    const int ahead = t + utils_mlpg::kPrefetchFrames + 1;
-    if (ahead < frames) utils_mlpg::prefetch_statistics(ps, m, ahead);
-    return utils_mlpg::build_row_tap3(ps, plan, t, ps->wuw[t]);
+    if (t == 0 || t == frames - 1) return utils::hmm::build_row<3>(ps, nullptr, m, t, frames);
+    const int ahead = t + utils::hmm::kPrefetchFrames + 1;
+    if (ahead < frames) utils::hmm::prefetch_statistics(ps, m, ahead);
+    return utils::hmm::build_row_tap3(ps, plan, t, ps->wuw[t]);
   });
 }
 
@@ -196,13 +196,13 @@ UTILS_API void HTS_PStream_mlpg(PStream *ps, int m) {
   const int frames = ps->length < ps->alloc_length ? ps->length : ps->alloc_length;
   if (frames <= 0 || ps->width < 1) return;
 
-  utils_mlpg::Tap3Plan tap3;
-  if (utils_mlpg::make_tap3_plan(ps, m, &tap3)) {
+  utils::hmm::Tap3Plan tap3;
+  if (utils::hmm::make_tap3_plan(ps, m, &tap3)) {
     generate_tap3(ps, m, frames, tap3);
     return;
   }
   Plan plan;
-  const Plan *use = utils_mlpg::make_plan(ps, m, &plan) ? &plan : nullptr;
+  const Plan *use = utils::hmm::make_plan(ps, m, &plan) ? &plan : nullptr;
   switch (ps->width) {
     case 1: generate_planned<1>(ps, m, frames, use); break;
     case 3: generate_planned<3>(ps, m, frames, use); break;

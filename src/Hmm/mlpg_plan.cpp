@@ -1,8 +1,8 @@
-// Turns a stream's delta windows into the list of non-zero products that
+// mlpg_plan.cpp - turns a stream's delta windows into the list of non-zero products that
 // build a row of the MLPG band matrix (see mlpg_plan.h).
 #include "Hmm/mlpg_plan.h"
 
-namespace utils_mlpg {
+namespace utils::hmm {
 
 namespace {
 
@@ -63,4 +63,4 @@ bool make_plan(const PStream *ps, int m, Plan *plan) {
   return gather_columns(plan);
 }
 
-}  // namespace utils_mlpg
+}  // namespace utils::hmm

@@ -1,11 +1,11 @@
-// The windows of a stream turned into a list of the non-zero products that
+// mlpg_plan.h - the windows of a stream turned into a list of the non-zero products that
 // build one row of W'U^-1 W, so the per-frame loop does no window search.
 #ifndef UTILS_HMM_MLPG_PLAN_H
 #define UTILS_HMM_MLPG_PLAN_H
 
 #include "hts_pstream.h"
 
-namespace utils_mlpg {
+namespace utils::hmm {
 
 // One (window, shift s) pair whose centre coefficient c(-s) is non-zero:
 // frame t takes statistics from frame t + s. Its band terms are the j with
@@ -60,6 +60,6 @@ inline float window_coefficient(const PStream *ps, int w, int k) {
   return ps->win_coefficient[w][k - left];
 }
 
-}  // namespace utils_mlpg
+}  // namespace utils::hmm
 
 #endif  // UTILS_HMM_MLPG_PLAN_H

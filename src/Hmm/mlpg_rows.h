@@ -1,4 +1,4 @@
-// Building one row of the MLPG band system: row t of W'U^-1 W and entry t
+// mlpg_rows.h - building one row of the MLPG band system: row t of W'U^-1 W and entry t
 // of W'U^-1 mu, summed in window, shift, band order in single precision.
 #ifndef UTILS_HMM_MLPG_ROWS_H
 #define UTILS_HMM_MLPG_ROWS_H
@@ -6,7 +6,7 @@
 #include "Hmm/mlpg_plan.h"
 #include "hts_pstream.h"
 
-namespace utils_mlpg {
+namespace utils::hmm {
 
 // Each function adds into `row` (zeroed by the caller) and returns the
 // W'U^-1 mu entry. A contribution whose source frame t + s or band column
@@ -97,6 +97,6 @@ inline float build_row(const PStream *ps, const Plan *plan, int m, int t, int fr
   return build_row_inner(ps, *plan, t, row);
 }
 
-}  // namespace utils_mlpg
+}  // namespace utils::hmm
 
 #endif  // UTILS_HMM_MLPG_ROWS_H

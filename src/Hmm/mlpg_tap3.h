@@ -1,4 +1,4 @@
-// Row building for the common case of windows that reach at most one frame
+// mlpg_tap3.h - row building for the common case of windows that reach at most one frame
 // either side (static, delta and acceleration windows of three taps) with a
 // band of width 3: the same sums as the general plan, with the three frames'
 // rows fetched once and the window loop written out shift by shift.
@@ -8,7 +8,7 @@
 #include "Hmm/mlpg_plan.h"
 #include "hts_pstream.h"
 
-namespace utils_mlpg {
+namespace utils::hmm {
 
 constexpr int kMaxTap3Windows = 8;
 
@@ -73,6 +73,6 @@ inline float build_row_tap3(const PStream *ps, const Tap3Plan &plan, int t, floa
   return wum;
 }
 
-}  // namespace utils_mlpg
+}  // namespace utils::hmm
 
 #endif  // UTILS_HMM_MLPG_TAP3_H

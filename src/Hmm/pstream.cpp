@@ -1,4 +1,4 @@
-// Creation and release of a parameter stream: the record, its per-frame rows
+// pstream.cpp - creation and release of a parameter stream: the record, its per-frame rows
 // and work vectors, all zero-filled from the local allocator.
 #include "hts_pstream.h"
 
