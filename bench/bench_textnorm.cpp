@@ -1,4 +1,4 @@
-// Text normalisation speed: the replacer with the bundled English rule set
+// bench_textnorm.cpp - text normalisation speed: the replacer with the bundled English rule set
 // over about 1 MB of news-like text, against a bare RE2 scan of the same
 // text with the same patterns (every match found, nothing built).
 #include <benchmark/benchmark.h>
@@ -120,20 +120,20 @@ const std::vector<std::string> &paragraphs() {
   return result;
 }
 
-std::string plainText() {
+std::string plain_text() {
   std::string text;
   for (const std::string &p : paragraphs()) text += p + "\n";
   return text;
 }
 
-std::string ssmlText() {
+std::string ssml_text() {
   std::string xml = "<speak>\n";
   for (const std::string &p : paragraphs()) xml += "<p>" + p + "</p>\n";
   return xml + "</speak>\n";
 }
 
 // The patterns of the bundled rule set, compiled as the replacer compiles them.
-std::vector<std::unique_ptr<re2::RE2>> rulePatterns() {
+std::vector<std::unique_ptr<re2::RE2>> rule_patterns() {
   std::vector<std::unique_ptr<re2::RE2>> patterns;
   const std::string rules(utts::kEnglishRules, utts::kEnglishRulesSize);
   for (size_t start = 0; start < rules.size();) {
@@ -165,7 +165,7 @@ size_t scan(const std::vector<std::unique_ptr<re2::RE2>> &patterns, const re2::S
   return matches;
 }
 
-HReplacer *englishReplacer() {
+HReplacer *english_replacer() {
   HReplacer *replacer = HReplacer_create();
   HReplacer_addRuleSet(replacer, utts::kEnglishRules, static_cast<int>(utts::kEnglishRulesSize));
   return replacer;
@@ -175,15 +175,15 @@ mxml_node_t *parse(const std::string &xml) { return mxmlLoadString(nullptr, xml.
 
 // CPU time of this thread: the ratio below should not depend on what else
 // the machine runs at the same time.
-double threadSeconds() {
+double thread_seconds() {
   timespec ts;
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
   return static_cast<double>(ts.tv_sec) + ts.tv_nsec * 1e-9;
 }
 
 void BM_BareRe2Scan(benchmark::State &state) {
-  const auto patterns = rulePatterns();
-  const std::string text = plainText();
+  const auto patterns = rule_patterns();
+  const std::string text = plain_text();
   size_t matches = 0;
   for (auto _ : state) matches = scan(patterns, text);
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * text.size()));
@@ -193,9 +193,9 @@ void BM_BareRe2Scan(benchmark::State &state) {
 BENCHMARK(BM_BareRe2Scan)->Unit(benchmark::kMillisecond);
 
 void BM_HReplacerReplace(benchmark::State &state) {
-  HReplacer *replacer = englishReplacer();
-  const std::string xml = ssmlText();
-  const size_t bytes = plainText().size();
+  HReplacer *replacer = english_replacer();
+  const std::string xml = ssml_text();
+  const size_t bytes = plain_text().size();
   for (auto _ : state) {
     state.PauseTiming();
     mxml_node_t *tree = parse(xml);
@@ -214,25 +214,25 @@ BENCHMARK(BM_HReplacerReplace)->Unit(benchmark::kMillisecond);
 // ratio compares runs under the same conditions. The reported time is the
 // replacer's.
 void BM_ReplaceOverScan(benchmark::State &state) {
-  HReplacer *replacer = englishReplacer();
-  const auto patterns = rulePatterns();
-  const std::string xml = ssmlText(), text = plainText();
-  double replaceSeconds = 0, scanSeconds = 0;
+  HReplacer *replacer = english_replacer();
+  const auto patterns = rule_patterns();
+  const std::string xml = ssml_text(), text = plain_text();
+  double replace_seconds = 0, scan_seconds = 0;
   for (auto _ : state) {
-    double start = threadSeconds();
+    double start = thread_seconds();
     benchmark::DoNotOptimize(scan(patterns, text));
-    scanSeconds += threadSeconds() - start;
+    scan_seconds += thread_seconds() - start;
     mxml_node_t *tree = parse(xml);
-    start = threadSeconds();
+    start = thread_seconds();
     HReplacer_replace(replacer, tree);
-    double seconds = threadSeconds() - start;
-    replaceSeconds += seconds;
+    double seconds = thread_seconds() - start;
+    replace_seconds += seconds;
     mxmlDelete(tree);
     state.SetIterationTime(seconds);
   }
-  state.counters["ratio"] = replaceSeconds / scanSeconds;
-  state.counters["replace_MB/s"] = state.iterations() * text.size() / replaceSeconds / 1e6;
-  state.counters["scan_MB/s"] = state.iterations() * text.size() / scanSeconds / 1e6;
+  state.counters["ratio"] = replace_seconds / scan_seconds;
+  state.counters["replace_MB/s"] = state.iterations() * text.size() / replace_seconds / 1e6;
+  state.counters["scan_MB/s"] = state.iterations() * text.size() / scan_seconds / 1e6;
   HReplacer_delete(replacer);
 }
 BENCHMARK(BM_ReplaceOverScan)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(2.0);
@@ -240,9 +240,9 @@ BENCHMARK(BM_ReplaceOverScan)->UseManualTime()->Unit(benchmark::kMillisecond)->M
 // Replace and convert with the English readers, the whole normalisation.
 void BM_NormalizeEnglish(benchmark::State &state) {
   utts::TextNormalizer normalizer;
-  normalizer.addRules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize));
-  const std::string xml = ssmlText();
-  const size_t bytes = plainText().size();
+  normalizer.add_rules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize));
+  const std::string xml = ssml_text();
+  const size_t bytes = plain_text().size();
   for (auto _ : state) {
     state.PauseTiming();
     mxml_node_t *tree = parse(xml);

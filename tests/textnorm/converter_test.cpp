@@ -1,4 +1,4 @@
-// Converting rule elements and say-as elements into sub elements through
+// converter_test.cpp - converting rule elements and say-as elements into sub elements through
 // registered callbacks: result shape, inner-first order, failures.
 #include <gtest/gtest.h>
 
@@ -11,18 +11,18 @@
 namespace textnorm_test {
 namespace {
 
-int sayTwelve(const char *, CStr *out) { return CStrAppend(out, "twelve"); }
-int sayUpper(const char *text, CStr *out) {  // fails on null text
+int say_twelve(const char *, CStr *out) { return CStrAppend(out, "twelve"); }
+int say_upper(const char *text, CStr *out) {  // fails on null text
   for (const char *c = text; c && *c; ++c) CStrAppendC(out, static_cast<char>(std::toupper(*c)));
   return text ? 0 : 1;
 }
 int refuse(const char *, CStr *out) { return CStrAppend(out, "never used"), 3; }
 // Spells out what it was given: "interpret-as,format,detail:text".
-int recordSayAs(const char *text, CStr *out, const char *as, const char *format, const char *detail) {
+int record_say_as(const char *text, CStr *out, const char *as, const char *format, const char *detail) {
   for (const char *s : {as, ",", format, ",", detail, ":", text}) CStrAppend(out, s ? s : "(null)");
   return 0;
 }
-int refuseSayAs(const char *, CStr *out, const char *, const char *, const char *) {
+int refuse_say_as(const char *, CStr *out, const char *, const char *, const char *) {
   return CStrAppend(out, "never used"), -1;
 }
 
@@ -34,13 +34,13 @@ std::string convert(HConverter *c, const std::string &body) {
 
 TEST(Converter, ElementsBecomeSubsInnerFirst) {
   HConverter *c = HConverter_create();
-  EXPECT_EQ(HConverter_add(c, "xnum", sayTwelve), 1);
-  EXPECT_EQ(HConverter_add(c, "xup", sayUpper), 1);
+  EXPECT_EQ(HConverter_add(c, "xnum", say_twelve), 1);
+  EXPECT_EQ(HConverter_add(c, "xup", say_upper), 1);
   EXPECT_EQ(HConverter_add(c, "xno", refuse), 1);
-  EXPECT_EQ(HConverter_add(c, "xnum", sayUpper), 0);  // the first callback for a name stays
-  EXPECT_EQ(HConverter_add(c, nullptr, sayUpper), 0);
+  EXPECT_EQ(HConverter_add(c, "xnum", say_upper), 0);  // the first callback for a name stays
+  EXPECT_EQ(HConverter_add(c, nullptr, say_upper), 0);
   EXPECT_EQ(HConverter_add(c, "xa", nullptr), 0);
-  HConverter_setSayAs(c, recordSayAs);
+  HConverter_setSayAs(c, record_say_as);
   const struct { const char *body, *expected; } rows[] = {
       {"<xnum src=\"12\">12</xnum>", "<sub alias=\"twelve\">[12]</sub>"},
       // Inner elements carry no src: they keep their name, hold the spoken
@@ -77,14 +77,14 @@ TEST(Converter, SayAsLeftAloneUntilSetOrWhenRefused) {
   const std::string digits = "<say-as interpret-as=\"digits\">12</say-as>";
   const std::string kept = "<say-as interpret-as=\"digits\">[12]</say-as>";
   EXPECT_EQ(convert(c, digits), kept);
-  HConverter_setSayAs(c, refuseSayAs);
+  HConverter_setSayAs(c, refuse_say_as);
   EXPECT_EQ(convert(c, digits), kept);
   HConverter_setSayAs(c, nullptr);
   EXPECT_EQ(convert(c, digits), kept);
   HConverter_convert(c, nullptr);
   HConverter_convert(nullptr, nullptr);
-  HConverter_setSayAs(nullptr, recordSayAs);
-  EXPECT_EQ(HConverter_add(nullptr, "x", sayTwelve), 0);
+  HConverter_setSayAs(nullptr, record_say_as);
+  EXPECT_EQ(HConverter_add(nullptr, "x", say_twelve), 0);
   HConverter_delete(c);
   HConverter_delete(nullptr);
 }

@@ -1,4 +1,4 @@
-// Number words of the front end's English readers: cardinals across group
+// english_numbers_test.cpp - number words of the front end's English readers: cardinals across group
 // boundaries, ordinals, years, digit strings and written numbers.
 #include <gtest/gtest.h>
 
@@ -10,10 +10,10 @@ namespace {
 
 using Say = bool (*)(const std::string &, std::string &);
 
-bool sayWritten(const std::string &text, std::string &out) { return utts::sayNumber(text.c_str(), out); }
+bool say_written(const std::string &text, std::string &out) { return utts::say_number(text.c_str(), out); }
 
 TEST(EnglishNumbers, Readings) {
-  const Say card = utts::sayCardinal, ord = utts::sayOrdinal, year = utts::sayYear;
+  const Say card = utts::say_cardinal, ord = utts::say_ordinal, year = utts::say_year;
   const struct { Say say; const char *digits, *words; } cases[] = {  // words null: refused
       {card, "000", "zero"}, {card, "13", "thirteen"}, {card, "42", "forty-two"},
       {card, "101", "one hundred one"}, {card, "007", "seven"}, {card, "1001", "one thousand one"},
@@ -34,9 +34,9 @@ TEST(EnglishNumbers, Readings) {
       {year, "2100", "twenty-one hundred"}, {year, "3000", "three thousand"}, {year, "00", "oh oh"},
       {year, "1900", "nineteen hundred"}, {year, "1999", "nineteen ninety-nine"}, {year, "05", "oh five"},
       {year, "99", "ninety-nine"}, {year, "476", "four hundred seventy-six"}, {year, "x", nullptr},
-      {utts::sayDigits, "4-0 1", "four zero one"}, {utts::sayDigits, "--", nullptr},
-      {sayWritten, "-0.05", "minus zero point zero five"}, {sayWritten, ".5", "zero point five"},
-      {sayWritten, "many", nullptr}, {sayWritten, "", nullptr},
+      {utts::say_digits, "4-0 1", "four zero one"}, {utts::say_digits, "--", nullptr},
+      {say_written, "-0.05", "minus zero point zero five"}, {say_written, ".5", "zero point five"},
+      {say_written, "many", nullptr}, {say_written, "", nullptr},
   };
   for (const auto &c : cases) {
     std::string out;
@@ -44,8 +44,8 @@ TEST(EnglishNumbers, Readings) {
     EXPECT_EQ(out, c.words ? c.words : "") << c.digits;
   }
   std::string out = "it is";
-  utts::addWord(out, "");
-  utts::addWord(out, "ten");
+  utts::add_word(out, "");
+  utts::add_word(out, "ten");
   EXPECT_EQ(out, "it is ten");
 }
 

@@ -1,4 +1,4 @@
-// The front end's English normalisation on realistic sentences: the bundled
+// english_reading_test.cpp - the front end's English normalisation on realistic sentences: the bundled
 // rule set and readers together, checked by the aliases they produce.
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ std::string subs(mxml_node_t *tree) {
 // The bundled rules and readers, loaded once.
 utts::TextNormalizer &english() {
   static utts::TextNormalizer normalizer;
-  static const bool loaded = normalizer.addRules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize)).empty();
+  static const bool loaded = normalizer.add_rules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize)).empty();
   EXPECT_TRUE(loaded) << "every bundled rule loads";
   return normalizer;
 }
@@ -117,7 +117,7 @@ TEST(EnglishReading, MarkupAroundTextIsKept) {
 }
 
 // True when `s` survives a strict round trip through UTF-16 (no split or stray sequences).
-bool isUtf8(const std::string &s) {
+bool is_utf8(const std::string &s) {
   std::vector<bsr_wchar> wide(s.size() + 1);
   std::string back(4 * s.size() + 1, '\0');
   bsr_UTF8ToUTF16(s.data(), static_cast<uint32_t>(s.size()), wide.data(), static_cast<uint32_t>(wide.size()));
@@ -134,24 +134,24 @@ TEST(EnglishReaders, SayAsOnOddTextGivesWholeCharactersOrRefuses) {
   for (const char *kind : kinds)
     for (const char *text : texts) {
       CStrErase(out, 0);
-      EXPECT_TRUE(utts::readSayAs(text, out, kind, nullptr, nullptr) != 0 || isUtf8(CStrStr(out)))
+      EXPECT_TRUE(utts::read_say_as(text, out, kind, nullptr, nullptr) != 0 || is_utf8(CStrStr(out)))
           << kind << ": " << text << " -> " << CStrStr(out);
     }
   CStrErase(out, 0);
-  EXPECT_EQ(utts::readSayAs("caf\xC3\xA9", out, "characters", nullptr, nullptr), 0);
+  EXPECT_EQ(utts::read_say_as("caf\xC3\xA9", out, "characters", nullptr, nullptr), 0);
   EXPECT_STREQ(CStrStr(out), "C A F \xC3\xA9");
-  EXPECT_NE(utts::readSayAs(nullptr, out, "digits", nullptr, nullptr), 0);
-  EXPECT_NE(utts::readSayAs("1", out, nullptr, nullptr, nullptr), 0);
+  EXPECT_NE(utts::read_say_as(nullptr, out, "digits", nullptr, nullptr), 0);
+  EXPECT_NE(utts::read_say_as("1", out, nullptr, nullptr, nullptr), 0);
   CStrDestroy(out);
 }
 
 TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
   std::string out;
-  EXPECT_FALSE(utts::readMoney("12", out) || utts::readMoney("$12 dozen", out));
-  EXPECT_FALSE(utts::readDate("2026/13/01", "ymd", out) || utts::readDate("1/2", "mdy", out));
-  EXPECT_FALSE(utts::readTime("25:00", out) || utts::readTime("7:61", out) || utts::readTime("7:30 xm", out));
-  EXPECT_FALSE(utts::readMeasure("5 parsecs", out) || utts::readTelephone("none", out) ||
-               utts::readMonthDate("Smarch 3", out));
+  EXPECT_FALSE(utts::read_money("12", out) || utts::read_money("$12 dozen", out));
+  EXPECT_FALSE(utts::read_date("2026/13/01", "ymd", out) || utts::read_date("1/2", "mdy", out));
+  EXPECT_FALSE(utts::read_time("25:00", out) || utts::read_time("7:61", out) || utts::read_time("7:30 xm", out));
+  EXPECT_FALSE(utts::read_measure("5 parsecs", out) || utts::read_telephone("none", out) ||
+               utts::read_month_date("Smarch 3", out));
   EXPECT_EQ(out, "");
 }
 

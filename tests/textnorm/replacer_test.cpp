@@ -1,4 +1,4 @@
-// The rule-set replacer: which rule lines load, the template language, and
+// replacer_test.cpp - the rule-set replacer: which rule lines load, the template language, and
 // how documents are rewritten (cut and resume points, protected elements,
 // rules in order seeing only the text earlier rules left).
 #include <gtest/gtest.h>

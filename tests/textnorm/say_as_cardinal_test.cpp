@@ -1,4 +1,4 @@
-// SayAsCardinal: splitting written numbers into sign, integer and fraction
+// say_as_cardinal_test.cpp - SayAsCardinal: splitting written numbers into sign, integer and fraction
 // digits, and its argument checks.
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-// Helpers of the text normalisation tests: SSML texts parsed into Mini-XML
+// textnorm_fixture.h - helpers of the text normalisation tests: SSML texts parsed into Mini-XML
 // trees, trees printed back exactly, and replacers loaded from rule-set text.
-#ifndef TESTS_TEXTNORM_TEXTNORM_FIXTURE_H
-#define TESTS_TEXTNORM_TEXTNORM_FIXTURE_H
+#ifndef UTILS_TEXTNORM_TEXTNORM_FIXTURE_H
+#define UTILS_TEXTNORM_TEXTNORM_FIXTURE_H
 
 #include <mxml.h>
 
@@ -61,4 +61,4 @@ struct Replacer {
 
 }  // namespace textnorm_test
 
-#endif
+#endif  // UTILS_TEXTNORM_TEXTNORM_FIXTURE_H

@@ -4,8 +4,8 @@
 // hands it to utts::Registration; main() finds commands by name and lists
 // them, sorted, in its help. New stages of the front end add a file and a
 // line in tools/CMakeLists.txt, nothing in main().
-#ifndef UTTS_COMMAND_H
-#define UTTS_COMMAND_H
+#ifndef UTILS_UTTS_COMMAND_H
+#define UTILS_UTTS_COMMAND_H
 
 namespace utts {
 
@@ -30,4 +30,4 @@ const Command *const *registered_commands();
 
 }  // namespace utts
 
-#endif  // UTTS_COMMAND_H
+#endif  // UTILS_UTTS_COMMAND_H

@@ -1,4 +1,4 @@
-// Number words for American English: no "and" inside numbers, hyphens in
+// english_numbers.cpp - number words for American English: no "and" inside numbers, hyphens in
 // twenty-one .. ninety-nine, short scale (million, billion, trillion).
 #include "utts/english_numbers.h"
 
@@ -26,7 +26,7 @@ const OrdinalForm kOrdinalForms[] = {{"one", "first"},  {"two", "second"}, {"thr
                                      {"five", "fifth"}, {"eight", "eighth"}, {"nine", "ninth"},
                                      {"twelve", "twelfth"}};
 
-bool allDigits(const std::string &s) {
+bool all_digits(const std::string &s) {
   if (s.empty()) return false;
   for (char c : s)
     if (c < '0' || c > '9') return false;
@@ -34,7 +34,7 @@ bool allDigits(const std::string &s) {
 }
 
 // 1..99 as one word ("forty-two").
-std::string belowHundred(int n) {
+std::string below_hundred(int n) {
   if (n < 20) return kOnes[n];
   std::string word = kTens[n / 10];
   if (n % 10 != 0) word += std::string("-") + kOnes[n % 10];
@@ -42,17 +42,17 @@ std::string belowHundred(int n) {
 }
 
 // 1..999.
-void belowThousand(int n, std::string &out) {
+void below_thousand(int n, std::string &out) {
   if (n >= 100) {
-    addWord(out, kOnes[n / 100]);
-    addWord(out, "hundred");
+    add_word(out, kOnes[n / 100]);
+    add_word(out, "hundred");
     n %= 100;
   }
-  if (n > 0) addWord(out, belowHundred(n));
+  if (n > 0) add_word(out, below_hundred(n));
 }
 
 // Turns the last word of a cardinal reading into its ordinal form.
-std::string ordinalOf(const std::string &cardinal) {
+std::string ordinal_of(const std::string &cardinal) {
   size_t cut = cardinal.find_last_of(" -");
   size_t start = cut == std::string::npos ? 0 : cut + 1;
   std::string head = cardinal.substr(0, start), last = cardinal.substr(start);
@@ -64,44 +64,44 @@ std::string ordinalOf(const std::string &cardinal) {
 
 }  // namespace
 
-void addWord(std::string &out, const std::string &word) {
+void add_word(std::string &out, const std::string &word) {
   if (word.empty()) return;
   if (!out.empty() && out.back() != ' ') out += ' ';
   out += word;
 }
 
-long digitValue(const std::string &digits) {
-  if (!allDigits(digits) || digits.size() > 9) return -1;
+long digit_value(const std::string &digits) {
+  if (!all_digits(digits) || digits.size() > 9) return -1;
   return std::stol(digits);
 }
 
-bool sayDigits(const std::string &digits, std::string &out) {
+bool say_digits(const std::string &digits, std::string &out) {
   bool any = false;
   for (char c : digits) {
     if (c < '0' || c > '9') continue;
-    addWord(out, kOnes[c - '0']);
+    add_word(out, kOnes[c - '0']);
     any = true;
   }
   return any;
 }
 
-bool sayCardinal(const std::string &digits, std::string &out) {
-  if (!allDigits(digits)) return false;
+bool say_cardinal(const std::string &digits, std::string &out) {
+  if (!all_digits(digits)) return false;
   size_t first = digits.find_first_not_of('0');
   if (first == std::string::npos) {
-    addWord(out, "zero");
+    add_word(out, "zero");
     return true;
   }
   std::string significant = digits.substr(first);
-  if (significant.size() > kMaxCardinalDigits) return sayDigits(significant, out);
+  if (significant.size() > kMaxCardinalDigits) return say_digits(significant, out);
   // Groups of three from the left; the first may be shorter.
   size_t groups = (significant.size() + 2) / 3;
   size_t at = 0, width = significant.size() - (groups - 1) * 3;
   for (size_t g = groups; g > 0; --g) {
     int value = std::stoi(significant.substr(at, width));
     if (value != 0) {
-      belowThousand(value, out);
-      addWord(out, kScales[g - 1]);
+      below_thousand(value, out);
+      add_word(out, kScales[g - 1]);
     }
     at += width;
     width = 3;
@@ -109,60 +109,60 @@ bool sayCardinal(const std::string &digits, std::string &out) {
   return true;
 }
 
-bool sayOrdinal(const std::string &digits, std::string &out) {
+bool say_ordinal(const std::string &digits, std::string &out) {
   std::string cardinal;
-  if (!sayCardinal(digits, cardinal)) return false;
-  addWord(out, ordinalOf(cardinal));
+  if (!say_cardinal(digits, cardinal)) return false;
+  add_word(out, ordinal_of(cardinal));
   return true;
 }
 
-bool sayYear(const std::string &digits, std::string &out) {
-  long year = digitValue(digits);
+bool say_year(const std::string &digits, std::string &out) {
+  long year = digit_value(digits);
   if (year < 0) return false;
   if (digits.size() == 2) {
     if (year == 0) {
-      addWord(out, "oh oh");
+      add_word(out, "oh oh");
     } else if (year < 10) {
-      addWord(out, "oh");
-      addWord(out, kOnes[year]);
+      add_word(out, "oh");
+      add_word(out, kOnes[year]);
     } else {
-      addWord(out, belowHundred(static_cast<int>(year)));
+      add_word(out, below_hundred(static_cast<int>(year)));
     }
     return true;
   }
-  if (digits.size() != 4 || year < 1000) return sayCardinal(digits, out);
+  if (digits.size() != 4 || year < 1000) return say_cardinal(digits, out);
   int high = static_cast<int>(year / 100), low = static_cast<int>(year % 100);
   // 2000-2009 and 1000, 3000, ...: "two thousand five".
-  if ((high % 10 == 0 && low < 10) || (year >= 2000 && year < 2010)) return sayCardinal(digits, out);
-  addWord(out, belowHundred(high));
+  if ((high % 10 == 0 && low < 10) || (year >= 2000 && year < 2010)) return say_cardinal(digits, out);
+  add_word(out, below_hundred(high));
   if (low == 0) {
-    addWord(out, "hundred");
+    add_word(out, "hundred");
   } else if (low < 10) {
-    addWord(out, "oh");
-    addWord(out, kOnes[low]);
+    add_word(out, "oh");
+    add_word(out, kOnes[low]);
   } else {
-    addWord(out, belowHundred(low));
+    add_word(out, below_hundred(low));
   }
   return true;
 }
 
-bool sayNumber(const char *text, std::string &out) {
+bool say_number(const char *text, std::string &out) {
   CStr *sign = CStrCreate(4), *integer = CStrCreate(32), *fraction = CStrCreate(16);
   bool ok = sign && integer && fraction &&
             SayAsCardinal(text, ".", ",", sign, integer, fraction) == 0 &&
             (CStrLength(integer) > 0 || CStrLength(fraction) > 0);
   if (ok) {
     std::string result;
-    if (CStrLastC(sign) == '-') addWord(result, "minus");
+    if (CStrLastC(sign) == '-') add_word(result, "minus");
     if (CStrLength(integer) > 0)
-      sayCardinal(CStrStr(integer), result);
+      say_cardinal(CStrStr(integer), result);
     else
-      addWord(result, "zero");
+      add_word(result, "zero");
     if (CStrLength(fraction) > 0) {
-      addWord(result, "point");
-      sayDigits(CStrStr(fraction), result);
+      add_word(result, "point");
+      say_digits(CStrStr(fraction), result);
     }
-    addWord(out, result);
+    add_word(out, result);
   }
   CStrDestroy(sign);
   CStrDestroy(integer);

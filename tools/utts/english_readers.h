@@ -1,7 +1,7 @@
-// The English readers that the front end registers with the converter: one
+// english_readers.h - the English readers that the front end registers with the converter: one
 // per element name of the bundled rule set, and the say-as reader.
-#ifndef UTTS_ENGLISH_READERS_H
-#define UTTS_ENGLISH_READERS_H
+#ifndef UTILS_UTTS_ENGLISH_READERS_H
+#define UTILS_UTTS_ENGLISH_READERS_H
 
 #include <string>
 
@@ -15,25 +15,25 @@ struct ReaderEntry {
 };
 
 // The readers by element name; ends with a null entry.
-const ReaderEntry *englishReaders();
+const ReaderEntry *english_readers();
 
 // Reads a say-as element: interpret-as cardinal (or number), ordinal,
 // digits, characters (or spell-out, letters), telephone, date (format mdy,
 // dmy, ymd, or any shorter combination of y, m and d; mdy by default) and
 // time. Other values are refused, which leaves the element unchanged.
-int readSayAs(const char *text, CStr *out, const char *interpret_as, const char *format,
+int read_say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
               const char *detail);
 
 // The readers themselves, for direct use and tests. Each appends words to
 // `out` and returns false when the text is not what it reads.
-bool readMoney(const std::string &text, std::string &out);
-bool readDate(const std::string &text, const std::string &format, std::string &out);
-bool readMonthDate(const std::string &text, std::string &out);
-bool readTime(const std::string &text, std::string &out);
-bool readTelephone(const std::string &text, std::string &out);
-bool readMeasure(const std::string &text, std::string &out);
-bool readCharacters(const std::string &text, std::string &out);
+bool read_money(const std::string &text, std::string &out);
+bool read_date(const std::string &text, const std::string &format, std::string &out);
+bool read_month_date(const std::string &text, std::string &out);
+bool read_time(const std::string &text, std::string &out);
+bool read_telephone(const std::string &text, std::string &out);
+bool read_measure(const std::string &text, std::string &out);
+bool read_characters(const std::string &text, std::string &out);
 
 }  // namespace utts
 
-#endif
+#endif  // UTILS_UTTS_ENGLISH_READERS_H

@@ -1,4 +1,4 @@
-// The word tables of the English readers, as data.
+// english_tables.cpp - the word tables of the English readers, as data.
 #include "utts/english_tables.h"
 
 namespace utts {
@@ -74,7 +74,7 @@ const Expansion kAbbreviations[] = {
     {"p.m.", "p m"},          {nullptr, nullptr},
 };
 
-const char *symbolName(char c) {
+const char *symbol_name(char c) {
   switch (c) {
     case '-': return "dash";
     case '.': return "dot";

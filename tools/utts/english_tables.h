@@ -1,7 +1,7 @@
-// Word tables of the English readers: months, currencies, units of measure,
+// english_tables.h - word tables of the English readers: months, currencies, units of measure,
 // abbreviations and the names of symbols spelled out.
-#ifndef UTTS_ENGLISH_TABLES_H
-#define UTTS_ENGLISH_TABLES_H
+#ifndef UTILS_UTTS_ENGLISH_TABLES_H
+#define UTILS_UTTS_ENGLISH_TABLES_H
 
 namespace utts {
 
@@ -9,8 +9,8 @@ extern const char *const kMonthNames[12];
 
 struct Currency {
   const char *symbol;  // UTF-8, as written before the amount
-  const char *major, *majorPlural;
-  const char *minor, *minorPlural;  // null when amounts are not split
+  const char *major, *major_plural;
+  const char *minor, *minor_plural;  // null when amounts are not split
 };
 extern const Currency kCurrencies[];  // ends with a null symbol
 
@@ -26,8 +26,8 @@ struct Expansion {
 extern const Expansion kAbbreviations[];  // ends with a null entry
 
 // The spoken name of a punctuation or symbol character, or null.
-const char *symbolName(char c);
+const char *symbol_name(char c);
 
 }  // namespace utts
 
-#endif
+#endif  // UTILS_UTTS_ENGLISH_TABLES_H

@@ -1,4 +1,4 @@
-// File helpers of the front end (POSIX).
+// file_io.cpp - file helpers of the front end (POSIX).
 #include "utts/file_io.h"
 
 #include <fcntl.h>
@@ -13,7 +13,7 @@ namespace utts {
 
 namespace {
 
-bool readStream(std::FILE *in, std::string &text) {
+bool read_stream(std::FILE *in, std::string &text) {
   char buffer[1 << 16];
   size_t n;
   while ((n = std::fread(buffer, 1, sizeof buffer, in)) > 0) text.append(buffer, n);
@@ -22,10 +22,10 @@ bool readStream(std::FILE *in, std::string &text) {
 
 }  // namespace
 
-bool readAll(const std::string &path, std::string &text, std::string &error) {
+bool read_all(const std::string &path, std::string &text, std::string &error) {
   text.clear();
   if (path == "-") {
-    if (readStream(stdin, text)) return true;
+    if (read_stream(stdin, text)) return true;
     error = "cannot read standard input: " + std::string(std::strerror(errno));
     return false;
   }
@@ -34,15 +34,15 @@ bool readAll(const std::string &path, std::string &text, std::string &error) {
     error = "cannot read '" + path + "': " + std::strerror(errno);
     return false;
   }
-  bool ok = readStream(in, text);
+  bool ok = read_stream(in, text);
   if (!ok) error = "cannot read '" + path + "': " + std::strerror(errno);
   std::fclose(in);
   return ok;
 }
 
-bool copyToStdout(const std::string &from, std::string &error) {
+bool copy_to_stdout(const std::string &from, std::string &error) {
   std::string text;
-  if (!readAll(from, text, error)) return false;
+  if (!read_all(from, text, error)) return false;
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
     error = "cannot write standard output: " + std::string(std::strerror(errno));
     return false;
@@ -50,7 +50,7 @@ bool copyToStdout(const std::string &from, std::string &error) {
   return true;
 }
 
-std::string makeTempFile(std::string &error) {
+std::string make_temp_file(std::string &error) {
   const char *dir = std::getenv("TMPDIR");
   std::string path = std::string(dir != nullptr && *dir ? dir : "/tmp") + "/utts-XXXXXX";
   int fd = mkstemp(&path[0]);

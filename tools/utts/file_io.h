@@ -1,7 +1,7 @@
-// Whole-file reading and writing for the front end, with "-" standing for
+// file_io.h - whole-file reading and writing for the front end, with "-" standing for
 // standard input and output, and errors as one-line messages.
-#ifndef UTTS_FILE_IO_H
-#define UTTS_FILE_IO_H
+#ifndef UTILS_UTTS_FILE_IO_H
+#define UTILS_UTTS_FILE_IO_H
 
 #include <string>
 
@@ -9,13 +9,13 @@ namespace utts {
 
 // Reads all of `path` ("-": standard input) into `text`. On failure returns
 // false with a reason in `error`.
-bool readAll(const std::string &path, std::string &text, std::string &error);
+bool read_all(const std::string &path, std::string &text, std::string &error);
 
 // Copies the file at `from` to standard output. False with a reason on failure.
-bool copyToStdout(const std::string &from, std::string &error);
+bool copy_to_stdout(const std::string &from, std::string &error);
 
 // A new empty temporary file's path, or "" on failure (reason in `error`).
-std::string makeTempFile(std::string &error);
+std::string make_temp_file(std::string &error);
 
 // Sends standard error to /dev/null while it lives (for libraries that print
 // diagnostics of their own).
@@ -32,4 +32,4 @@ class QuietStderr {
 
 }  // namespace utts
 
-#endif
+#endif  // UTILS_UTTS_FILE_IO_H

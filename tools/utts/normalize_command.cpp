@@ -1,4 +1,4 @@
-// "utts normalize": parse SSML, run the rule sets and the English readers,
+// normalize_command.cpp - "utts normalize": parse SSML, run the rule sets and the English readers,
 // mirror the result in an utterance and save it as SSML.
 #include "utts/command.h"
 
@@ -38,7 +38,7 @@ const char kUsage[] =
     "as xcardinal{\"?0\"}; lines starting with # and holding a TAB are comments.\n";
 
 struct Options {
-  std::vector<std::string> ruleFiles;
+  std::vector<std::string> rule_files;
   std::string input = "-";
   std::string output = "-";
   bool help = false;
@@ -50,8 +50,8 @@ int fail(const std::string &message, int status = 1) {
 }
 
 // Parses the options; on error returns false with a message.
-bool parseOptions(int argc, char **argv, Options &options, std::string &error) {
-  bool haveInput = false;
+bool parse_options(int argc, char **argv, Options &options, std::string &error) {
+  bool have_input = false;
   for (int i = 0; i < argc; ++i) {
     const std::string arg = argv[i];
     auto value = [&](std::string &into) {
@@ -67,31 +67,31 @@ bool parseOptions(int argc, char **argv, Options &options, std::string &error) {
     } else if (arg == "-r" || arg == "--rules") {
       std::string file;
       if (!value(file)) return false;
-      options.ruleFiles.push_back(file);
+      options.rule_files.push_back(file);
     } else if (arg == "-o" || arg == "--output") {
       if (!value(options.output)) return false;
     } else if (arg.size() > 1 && arg[0] == '-') {
       error = "unknown option '" + arg + "' (see 'utts normalize --help')";
       return false;
-    } else if (haveInput) {
+    } else if (have_input) {
       error = "more than one input file given ('" + options.input + "', '" + arg + "')";
       return false;
     } else {
       options.input = arg;
-      haveInput = true;
+      have_input = true;
     }
   }
   return true;
 }
 
 // Loads one rule set; on rejected lines returns false with a message.
-bool loadRules(TextNormalizer &normalizer, const std::string &text, const std::string &name,
+bool load_rules(TextNormalizer &normalizer, const std::string &text, const std::string &name,
                std::string &error) {
   std::vector<int> rejected;
   {
     // RE2 prints its own complaint about a bad pattern; ours names the line.
     QuietStderr quiet;
-    rejected = normalizer.addRules(text);
+    rejected = normalizer.add_rules(text);
   }
   if (rejected.empty()) return true;
   error = name + ":" + std::to_string(rejected[0]) + ": rule rejected";
@@ -102,11 +102,11 @@ bool loadRules(TextNormalizer &normalizer, const std::string &text, const std::s
 
 // The first error message of Mini-XML while parsing.
 std::string g_parseError;
-void keepParseError(const char *message) {
+void keep_parse_error(const char *message) {
   if (g_parseError.empty() && message != nullptr) g_parseError = message;
 }
 
-mxml_node_t *findSpeak(mxml_node_t *tree) {
+mxml_node_t *find_speak(mxml_node_t *tree) {
   return mxmlFindElement(tree, tree, "speak", nullptr, nullptr, MXML_DESCEND);
 }
 
@@ -119,16 +119,16 @@ bool save(mxml_node_t *tree, const std::string &path, std::string &error) {
     return false;
   }
   utt_load_xml(u, tree);
-  const bool toStdout = path == "-";
-  std::string file = toStdout ? makeTempFile(error) : path;
+  const bool to_stdout = path == "-";
+  std::string file = to_stdout ? make_temp_file(error) : path;
   bool ok = !file.empty();
   if (ok && utt_save_ssml(u, file.c_str()) != 0) {
     error = "cannot write '" + file + "'";
     ok = false;
   }
   delete_utterance(u);
-  if (ok && toStdout) ok = copyToStdout(file, error);
-  if (toStdout && !file.empty()) std::remove(file.c_str());
+  if (ok && to_stdout) ok = copy_to_stdout(file, error);
+  if (to_stdout && !file.empty()) std::remove(file.c_str());
   return ok;
 }
 
@@ -136,10 +136,10 @@ bool save(mxml_node_t *tree, const std::string &path, std::string &error) {
 
 namespace {
 
-int runNormalize(int argc, char **argv) {
+int run_normalize(int argc, char **argv) {
   Options options;
   std::string error;
-  if (!parseOptions(argc, argv, options, error)) return fail(error, 2);
+  if (!parse_options(argc, argv, options, error)) return fail(error, 2);
   if (options.help) {
     std::fputs(kUsage, stdout);
     return 0;
@@ -147,32 +147,32 @@ int runNormalize(int argc, char **argv) {
 
   TextNormalizer normalizer;
   if (!normalizer.ok()) return fail("out of memory");
-  if (options.ruleFiles.empty()) {
-    if (!loadRules(normalizer, std::string(kEnglishRules, kEnglishRulesSize), "bundled rules", error))
+  if (options.rule_files.empty()) {
+    if (!load_rules(normalizer, std::string(kEnglishRules, kEnglishRulesSize), "bundled rules", error))
       return fail(error);
   }
-  for (const std::string &file : options.ruleFiles) {
+  for (const std::string &file : options.rule_files) {
     std::string text;
-    if (!readAll(file, text, error) || !loadRules(normalizer, text, file, error)) return fail(error);
+    if (!read_all(file, text, error) || !load_rules(normalizer, text, file, error)) return fail(error);
   }
 
   std::string ssml;
-  if (!readAll(options.input, ssml, error)) return fail(error);
-  const std::string inputName = options.input == "-" ? "standard input" : "'" + options.input + "'";
+  if (!read_all(options.input, ssml, error)) return fail(error);
+  const std::string input_name = options.input == "-" ? "standard input" : "'" + options.input + "'";
   g_parseError.clear();
-  mxmlSetErrorCallback(keepParseError);
+  mxmlSetErrorCallback(keep_parse_error);
   // The document goes under a holder node: on a parse error Mini-XML frees
   // the half-built tree only when it has a parent to hang it on.
   mxml_node_t *tree = mxmlNewElement(MXML_NO_PARENT, "document");
   if (tree == nullptr) return fail("out of memory");
   if (mxmlLoadString(tree, ssml.c_str(), MXML_OPAQUE_CALLBACK) == nullptr) {
     mxmlDelete(tree);
-    return fail(inputName + " is not well-formed SSML" +
+    return fail(input_name + " is not well-formed SSML" +
                 (g_parseError.empty() ? std::string() : ": " + g_parseError));
   }
-  if (findSpeak(tree) == nullptr) {
+  if (find_speak(tree) == nullptr) {
     mxmlDelete(tree);
-    return fail(inputName + " has no <speak> element");
+    return fail(input_name + " has no <speak> element");
   }
 
   normalizer.normalize(tree);
@@ -184,7 +184,7 @@ int runNormalize(int argc, char **argv) {
 const Command kCommand = {
     "normalize",
     "turn numbers, dates, times, money, measures and abbreviations into words",
-    kUsage, runNormalize};
+    kUsage, run_normalize};
 const Registration kRegistration(kCommand);
 
 }  // namespace

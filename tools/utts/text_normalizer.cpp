@@ -1,4 +1,4 @@
-// The front end's normaliser: owns one replacer and one converter.
+// text_normalizer.cpp - the front end's normaliser: owns one replacer and one converter.
 #include "utts/text_normalizer.h"
 
 #include "utts/english_readers.h"
@@ -6,9 +6,9 @@
 namespace utts {
 
 TextNormalizer::TextNormalizer() : replacer_(HReplacer_create()), converter_(HConverter_create()) {
-  for (const ReaderEntry *r = englishReaders(); r->element != nullptr; ++r)
+  for (const ReaderEntry *r = english_readers(); r->element != nullptr; ++r)
     HConverter_add(converter_, r->element, r->read);
-  HConverter_setSayAs(converter_, readSayAs);
+  HConverter_setSayAs(converter_, read_say_as);
 }
 
 TextNormalizer::~TextNormalizer() {
@@ -16,7 +16,7 @@ TextNormalizer::~TextNormalizer() {
   HReplacer_delete(replacer_);
 }
 
-std::vector<int> TextNormalizer::addRules(const std::string &text) {
+std::vector<int> TextNormalizer::add_rules(const std::string &text) {
   // Line by line, so that a rejected line can be named.
   std::vector<int> rejected;
   int number = 0;

@@ -1,7 +1,7 @@
-// Text normalisation as the front end runs it: rule sets applied by the
+// text_normalizer.h - text normalisation as the front end runs it: rule sets applied by the
 // library's replacer, then the converter with the English readers.
-#ifndef UTTS_TEXT_NORMALIZER_H
-#define UTTS_TEXT_NORMALIZER_H
+#ifndef UTILS_UTTS_TEXT_NORMALIZER_H
+#define UTILS_UTTS_TEXT_NORMALIZER_H
 
 #include <mxml.h>
 
@@ -31,7 +31,7 @@ class TextNormalizer {
 
   // Adds the rules of a rule-set text after those already loaded. Returns
   // the 1-based numbers of the lines that were rejected (empty: all loaded).
-  std::vector<int> addRules(const std::string &text);
+  std::vector<int> add_rules(const std::string &text);
 
   // Rewrites the text under `tree` in place: rules, then readers.
   void normalize(mxml_node_t *tree) const;
@@ -43,4 +43,4 @@ class TextNormalizer {
 
 }  // namespace utts
 
-#endif
+#endif  // UTILS_UTTS_TEXT_NORMALIZER_H
