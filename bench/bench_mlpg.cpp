@@ -1,4 +1,4 @@
-// MLPG speed of libUtils beside LAPACK's banded positive-definite solver, on
+// bench_mlpg.cpp - MLPG speed of libUtils beside LAPACK's banded positive-definite solver, on
 // a 40-dimensional stream with static, delta and acceleration windows.
 //
 // One iteration generates every dimension of 1,000 or 10,000 frames:

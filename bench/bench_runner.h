@@ -1,7 +1,7 @@
-// Runs a benchmark program's registered benchmarks and, on the console,
+// bench_runner.h - runs a benchmark program's registered benchmarks and, on the console,
 // hands the results to the program's own reporter, which adds ratio tables.
-#ifndef BENCH_RUNNER_H
-#define BENCH_RUNNER_H
+#ifndef UTILS_BENCH_BENCH_RUNNER_H
+#define UTILS_BENCH_BENCH_RUNNER_H
 
 #include <benchmark/benchmark.h>
 
@@ -52,4 +52,4 @@ int run_benchmarks(int argc, char **argv, bool interleave = false) {
 
 }  // namespace bench
 
-#endif  // BENCH_RUNNER_H
+#endif  // UTILS_BENCH_BENCH_RUNNER_H

@@ -1,6 +1,6 @@
-/* bench_ssml.cpp - loading and saving a 100 KB SSML document: Mini-XML's own
- * parse, the time our conversion into an utterance adds to it, saving and
- * converting back, and libxml2 on the same document for reference. */
+// bench_ssml.cpp - loading and saving a 100 KB SSML document: Mini-XML's own
+// parse, the time our conversion into an utterance adds to it, saving and
+// converting back, and libxml2 on the same document for reference.
 #include <benchmark/benchmark.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>

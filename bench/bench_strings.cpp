@@ -1,4 +1,4 @@
-// Position-valued comparison against the C library's strcmp on long equal
+// bench_strings.cpp - position-valued comparison against the C library's strcmp on long equal
 // prefixes: bsr_strcmp on bytes, bsr_wcscmp on 16-bit units.
 #include <benchmark/benchmark.h>
 

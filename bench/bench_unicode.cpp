@@ -1,4 +1,4 @@
-// UTF-8 <-> UTF-16 conversion speed of libUtils beside ICU's u_strFromUTF8 and
+// bench_unicode.cpp - UTF-8 <-> UTF-16 conversion speed of libUtils beside ICU's u_strFromUTF8 and
 // u_strToUTF8, on four generated texts of about 64 KB each.
 //
 // Both directions count the UTF-8 size of the text as the bytes processed, so

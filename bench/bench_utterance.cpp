@@ -1,4 +1,4 @@
-// Utterance-model speed of libUtils beside the Edinburgh Speech Tools
+// bench_utterance.cpp - utterance-model speed of libUtils beside the Edinburgh Speech Tools
 // (EST_Utterance, EST_Relation, EST_Item, EST_Features) doing the same work:
 //   Build     an utterance with three relations of 10,000 items each, the
 //             second and third sharing the first one's contents, five

@@ -1,4 +1,4 @@
-// Fuzzes rule-set loading: arbitrary bytes as a rule-set text, then the
+// fuzz_ruleset.cpp - fuzzes rule-set loading: arbitrary bytes as a rule-set text, then the
 // loaded rules applied to a short fixed document.
 #include <mxml.h>
 
@@ -13,7 +13,7 @@ const char kDocument[] =
     "<sub alias=\"x\">1</sub><xnum>2</xnum>  <s>a-1,234.5% \xC3\xA9 no5</s></speak>";
 
 // The number of lines the reader can count as rejected.
-int lineCount(const uint8_t *data, size_t size) {
+int line_count(const uint8_t *data, size_t size) {
   int lines = size > 0 ? 1 : 0;
   for (size_t i = 0; i < size; ++i) lines += data[i] == '\n';
   return lines;
@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   HReplacer *replacer = HReplacer_create();
   int rejected = HReplacer_addRuleSet(replacer, reinterpret_cast<const char *>(data),
                                       static_cast<int>(size));
-  if (rejected < 0 || rejected > lineCount(data, size)) __builtin_trap();
+  if (rejected < 0 || rejected > line_count(data, size)) __builtin_trap();
   mxml_node_t *tree = mxmlLoadString(nullptr, kDocument, MXML_OPAQUE_CALLBACK);
   HReplacer_replace(replacer, tree);
   mxmlDelete(tree);

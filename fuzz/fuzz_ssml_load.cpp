@@ -1,6 +1,6 @@
-/* fuzz_ssml_load.cpp - arbitrary bytes as an SSML document: every document
- * that loads is also saved to a file, converted to a Mini-XML tree, and has
- * sentence elements inserted with AddTag. */
+// fuzz_ssml_load.cpp - arbitrary bytes as an SSML document: every document
+// that loads is also saved to a file, converted to a Mini-XML tree, and has
+// sentence elements inserted with AddTag.
 #include <stdint.h>
 #include <stdlib.h>
 #include <unistd.h>

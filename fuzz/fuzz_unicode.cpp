@@ -1,4 +1,4 @@
-// Fuzzes both Unicode converters with arbitrary input and target sizes: the
+// fuzz_unicode.cpp - fuzzes both Unicode converters with arbitrary input and target sizes: the
 // output must end inside the target, stop where strict rules say, and
 // round-trip back to the part of the input that was converted.
 #include <algorithm>

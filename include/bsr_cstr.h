@@ -9,8 +9,8 @@
  * holding sizeof(CStr) as it was built, for engines that check their headers
  * at start-up. C cannot declare it beside the typedef below; declare it in a
  * file of its own as `extern const uint32_t CStr;` to read it. */
-#ifndef BSR_CSTR_H
-#define BSR_CSTR_H
+#ifndef UTILS_BSR_CSTR_H
+#define UTILS_BSR_CSTR_H
 
 #include "utils_types.h"
 
@@ -47,4 +47,4 @@ UTILS_API void CStrErase(CStr *s, uint32_t pos);
 
 UTILS_END_DECLS
 
-#endif /* BSR_CSTR_H */
+#endif /* UTILS_BSR_CSTR_H */

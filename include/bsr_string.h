@@ -13,9 +13,9 @@
  *     bsr_safe_realloc, tts_strdup, tts_wcsdup; release with bsr_free.
  *   - the C runtime heap: bsr_strdup, bsr_wcsdup, bsr_strndup, bsr_wcsndup;
  *     release with free().
- */
-#ifndef BSR_STRING_H
-#define BSR_STRING_H
+ * */
+#ifndef UTILS_BSR_STRING_H
+#define UTILS_BSR_STRING_H
 
 #include "utils_types.h"
 
@@ -155,4 +155,4 @@ UTILS_API int32_t bsr_wtoi(const bsr_wchar *s);
 
 UTILS_END_DECLS
 
-#endif /* BSR_STRING_H */
+#endif /* UTILS_BSR_STRING_H */

@@ -8,8 +8,8 @@
  * source length of (uint32_t)-1 means "zero-terminated, measure it"; a null
  * source is empty. No function reports an error other than by converting
  * less text. */
-#ifndef BSR_UNICODE_H
-#define BSR_UNICODE_H
+#ifndef UTILS_BSR_UNICODE_H
+#define UTILS_BSR_UNICODE_H
 
 #include "utils_types.h"
 
@@ -58,4 +58,4 @@ UTILS_API const char *bsr_UnicodeToNCR(const bsr_wchar *src, char *dst, int32_t 
 
 UTILS_END_DECLS
 
-#endif /* BSR_UNICODE_H */
+#endif /* UTILS_BSR_UNICODE_H */

@@ -4,9 +4,9 @@
  * Each accessor is one indexed load from read-only data: no state, no
  * bounds check. An index outside the stated range is undefined behaviour;
  * callers keep within it. The tables may be shared by any number of threads.
- */
-#ifndef DSP_TABLES_H
-#define DSP_TABLES_H
+ * */
+#ifndef UTILS_DSP_TABLES_H
+#define UTILS_DSP_TABLES_H
 
 #include "utils_types.h"
 
@@ -39,4 +39,4 @@ UTILS_API int LookupRandPhase(unsigned int index);
 
 UTILS_END_DECLS
 
-#endif /* DSP_TABLES_H */
+#endif /* UTILS_DSP_TABLES_H */

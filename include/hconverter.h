@@ -6,8 +6,8 @@
  *     <sub alias="spoken form">written form</sub>
  * Elements are converted inner first, so an outer element's alias is built
  * from text that inner elements have already converted. */
-#ifndef HCONVERTER_H
-#define HCONVERTER_H
+#ifndef UTILS_HCONVERTER_H
+#define UTILS_HCONVERTER_H
 
 #include "bsr_cstr.h"
 #include "utils_types.h"
@@ -64,4 +64,4 @@ UTILS_API int SayAsCardinal(const char *text, const char *decimal_point,
 
 UTILS_END_DECLS
 
-#endif /* HCONVERTER_H */
+#endif /* UTILS_HCONVERTER_H */

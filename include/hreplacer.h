@@ -25,8 +25,8 @@
  *
  * One replacer is used by one thread at a time while rules are added; after
  * one HReplacer_replace has returned, several threads may replace at once. */
-#ifndef HREPLACER_H
-#define HREPLACER_H
+#ifndef UTILS_HREPLACER_H
+#define UTILS_HREPLACER_H
 
 #include "utils_types.h"
 
@@ -56,4 +56,4 @@ UTILS_API void HReplacer_replace(HReplacer *replacer, mxml_node_t *node);
 
 UTILS_END_DECLS
 
-#endif /* HREPLACER_H */
+#endif /* UTILS_HREPLACER_H */

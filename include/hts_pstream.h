@@ -13,9 +13,9 @@
  * The statistics are 16-bit integers used as plain numbers (no scaling), so
  * the track comes out in the units the means were quantised in. All
  * arithmetic is single-precision float.
- */
-#ifndef HTS_PSTREAM_H
-#define HTS_PSTREAM_H
+ * */
+#ifndef UTILS_HTS_PSTREAM_H
+#define UTILS_HTS_PSTREAM_H
 
 #include "utils_types.h"
 
@@ -85,4 +85,4 @@ UTILS_API void HTS_PStream_mlpg(PStream *ps, int m);
 
 UTILS_END_DECLS
 
-#endif /* HTS_PSTREAM_H */
+#endif /* UTILS_HTS_PSTREAM_H */

@@ -19,8 +19,8 @@
  * must use the same Mini-XML version as this library (3.x), since nodes
  * pass between the two copies. Strings that Mini-XML frees come from
  * malloc on both sides. */
-#ifndef SSML_IO_H
-#define SSML_IO_H
+#ifndef UTILS_SSML_IO_H
+#define UTILS_SSML_IO_H
 
 #include <mxml.h>
 
@@ -110,4 +110,4 @@ UTILS_API void move_tree(item *new_parent, item *i);
 
 UTILS_END_DECLS
 
-#endif /* SSML_IO_H */
+#endif /* UTILS_SSML_IO_H */

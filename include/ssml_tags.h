@@ -13,8 +13,8 @@
  * is not found inside "speak"). An empty list is "" with no spaces at all.
  * These lists are what AddTag (ssml_io.h) takes as its child and parent
  * lists. */
-#ifndef SSML_TAGS_H
-#define SSML_TAGS_H
+#ifndef UTILS_SSML_TAGS_H
+#define UTILS_SSML_TAGS_H
 
 #include "utils_types.h"
 
@@ -62,4 +62,4 @@ UTILS_API const bsr_wchar *VoiceTagName(void);
 
 UTILS_END_DECLS
 
-#endif /* SSML_TAGS_H */
+#endif /* UTILS_SSML_TAGS_H */

@@ -1,7 +1,7 @@
 /* utils_types.h - the few definitions every libUtils header shares: the
  * export marker, C linkage, the 16-bit wide character and the heap handle. */
-#ifndef UTILS_TYPES_H
-#define UTILS_TYPES_H
+#ifndef UTILS_UTILS_TYPES_H
+#define UTILS_UTILS_TYPES_H
 
 #include <stddef.h>
 #include <stdint.h>
@@ -33,4 +33,4 @@ typedef char16_t bsr_wchar;
  * on one (new_features_local). Its functions are internal to the library. */
 typedef struct bsr_heap bsr_heap;
 
-#endif /* UTILS_TYPES_H */
+#endif /* UTILS_UTILS_TYPES_H */

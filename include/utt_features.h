@@ -13,9 +13,9 @@
  * destroyed, or be released wholesale with the heap.
  *
  * Every reader accepts a null set; feat_set and its typed forms need a set.
- */
-#ifndef UTT_FEATURES_H
-#define UTT_FEATURES_H
+ * */
+#ifndef UTILS_UTT_FEATURES_H
+#define UTILS_UTT_FEATURES_H
 
 #include "utt_val.h"
 
@@ -85,4 +85,4 @@ UTILS_API const bsr_wchar *get_param_wstring(const features *f, const char *name
 
 UTILS_END_DECLS
 
-#endif /* UTT_FEATURES_H */
+#endif /* UTILS_UTT_FEATURES_H */

@@ -16,9 +16,9 @@
  * null. Results are never owned by the caller: do not release them.
  *
  * The walk allocates nothing and is reentrant.
- */
-#ifndef UTT_FFEATURE_H
-#define UTT_FFEATURE_H
+ * */
+#ifndef UTILS_UTT_FFEATURE_H
+#define UTILS_UTT_FFEATURE_H
 
 #include "utterance.h"
 
@@ -47,4 +47,4 @@ UTILS_API int ff_unregister(features *ffunctions, const char *name);
 
 UTILS_END_DECLS
 
-#endif /* UTT_FFEATURE_H */
+#endif /* UTILS_UTT_FFEATURE_H */

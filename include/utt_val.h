@@ -18,9 +18,9 @@
  *
  * Counts are plain 16-bit fields: a value must not be shared between threads
  * that may release it. Every reader accepts null and returns 0, 0.0 or null.
- */
-#ifndef UTT_VAL_H
-#define UTT_VAL_H
+ * */
+#ifndef UTILS_UTT_VAL_H
+#define UTILS_UTT_VAL_H
 
 #include <stdio.h>
 
@@ -249,4 +249,4 @@ UTILS_API void val_delete_itemfunc(void *payload);
 
 UTILS_END_DECLS
 
-#endif /* UTT_VAL_H */
+#endif /* UTILS_UTT_VAL_H */

@@ -7,8 +7,8 @@
  * compared exactly (case-sensitive). Nothing here allocates, and every
  * function uses constant space; all accept null items and then return null
  * or 0. */
-#ifndef UTT_WALK_H
-#define UTT_WALK_H
+#ifndef UTILS_UTT_WALK_H
+#define UTILS_UTT_WALK_H
 
 #include "utils_types.h"
 #include "utterance.h"
@@ -63,4 +63,4 @@ UTILS_API int IsBetweenMark(item *top, item *i);
 
 UTILS_END_DECLS
 
-#endif /* UTT_WALK_H */
+#endif /* UTILS_UTT_WALK_H */

@@ -14,9 +14,9 @@
  *
  * Every reader accepts null and returns null or 0. An utterance and all it
  * holds belong to one thread at a time; different utterances are independent.
- */
-#ifndef UTTERANCE_H
-#define UTTERANCE_H
+ * */
+#ifndef UTILS_UTTERANCE_H
+#define UTILS_UTTERANCE_H
 
 #include "utt_features.h"
 
@@ -138,4 +138,4 @@ UTILS_API void item_set_wstring(item *i, const char *name, const bsr_wchar *s);
 
 UTILS_END_DECLS
 
-#endif /* UTTERANCE_H */
+#endif /* UTILS_UTTERANCE_H */

@@ -1,4 +1,4 @@
-// The DSP lookup tables: every entry against the formula that defines it,
+// dsp_tables_test.cpp - the DSP lookup tables: every entry against the formula that defines it,
 // and the random-phase table held fixed.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Streams and parameter generation: tracks against an independent double-precision solver
+// mlpg_test.cpp - streams and parameter generation: tracks against an independent double-precision solver
 // and, bit for bit, against the four steps run one after the other, on every window shape.
 #include <gtest/gtest.h>
 

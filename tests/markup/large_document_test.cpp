@@ -1,5 +1,5 @@
-/* large_document_test.cpp - long sibling lists and deep nesting load, save and
- * convert on a small thread stack: nothing recurses per sibling or per level. */
+// large_document_test.cpp - long sibling lists and deep nesting load, save and
+// convert on a small thread stack: nothing recurses per sibling or per level.
 #include <gtest/gtest.h>
 #include <pthread.h>
 

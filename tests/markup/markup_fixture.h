@@ -1,7 +1,7 @@
-/* markup_fixture.h - helpers of the markup tests: an owned utterance, trees as
- * text, case files, and the system's Mini-XML opened at run time. */
-#ifndef TESTS_MARKUP_MARKUP_FIXTURE_H
-#define TESTS_MARKUP_MARKUP_FIXTURE_H
+// markup_fixture.h - helpers of the markup tests: an owned utterance, trees as
+// text, case files, and the system's Mini-XML opened at run time.
+#ifndef UTILS_MARKUP_MARKUP_FIXTURE_H
+#define UTILS_MARKUP_MARKUP_FIXTURE_H
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -104,4 +104,4 @@ inline item *find_tag(item *top, const char16_t *tag) { return utt_walk_next_tag
 
 }  // namespace markup_test
 
-#endif /* TESTS_MARKUP_MARKUP_FIXTURE_H */
+#endif  // UTILS_MARKUP_MARKUP_FIXTURE_H

@@ -1,5 +1,5 @@
-/* ssml_io_test.cpp - SSML text into the "ssml" relation and back out: tree shape,
- * decoded text, exact saved bytes, Mini-XML trees both ways, rejected documents. */
+// ssml_io_test.cpp - SSML text into the "ssml" relation and back out: tree shape,
+// decoded text, exact saved bytes, Mini-XML trees both ways, rejected documents.
 #include <gtest/gtest.h>
 
 #include <regex>

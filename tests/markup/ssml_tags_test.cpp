@@ -1,5 +1,5 @@
-/* ssml_tags_test.cpp - the tag schema, AddTag with callbacks that gather runs of
- * siblings into a new element as a front end does, and move_tree. */
+// ssml_tags_test.cpp - the tag schema, AddTag with callbacks that gather runs of
+// siblings into a new element as a front end does, and move_tree.
 #include <gtest/gtest.h>
 
 #include <sstream>

@@ -1,5 +1,5 @@
-/* walk_test.cpp - document-order walks bounded by a top item, attributes
- * inherited from ancestors, ancestors by tag, and the start/end mark span. */
+// walk_test.cpp - document-order walks bounded by a top item, attributes
+// inherited from ancestors, ancestors by tag, and the start/end mark span.
 #include <gtest/gtest.h>
 
 #include "markup_fixture.h"

@@ -1,4 +1,4 @@
-// Feature sets: order, replacement in place, removal, copying with shared
+// features_test.cpp - feature sets: order, replacement in place, removal, copying with shared
 // values, printing, the readers with defaults, and sets on a private heap.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Feature paths and feature functions: steps through lists, trees and relations,
+// ffeature_test.cpp - feature paths and feature functions: steps through lists, trees and relations,
 // the default answer, unknown steps, shadowing, and the limits on path length.
 #include <gtest/gtest.h>
 

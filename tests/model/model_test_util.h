@@ -1,7 +1,7 @@
-// Helpers shared by the utterance-model tests: capturing what a print
+// model_test_util.h - helpers shared by the utterance-model tests: capturing what a print
 // function writes, and reading wide strings.
-#ifndef TESTS_MODEL_TEST_UTIL_H
-#define TESTS_MODEL_TEST_UTIL_H
+#ifndef UTILS_MODEL_MODEL_TEST_UTIL_H
+#define UTILS_MODEL_MODEL_TEST_UTIL_H
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,4 +26,4 @@ inline std::string printed_val(const val *v) { return printed([&](FILE *o) { val
 
 inline std::u16string wide(const bsr_wchar *s) { return s ? std::u16string(s) : u"<null>"; }
 
-#endif  // TESTS_MODEL_TEST_UTIL_H
+#endif  // UTILS_MODEL_MODEL_TEST_UTIL_H

@@ -1,4 +1,4 @@
-// Utterances, relations and items: building lists and trees, shared contents
+// utterance_test.cpp - utterances, relations and items: building lists and trees, shared contents
 // across relations and their lifetimes, deletion and relinking.
 #include <gtest/gtest.h>
 

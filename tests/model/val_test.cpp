@@ -1,4 +1,4 @@
-// Values: constants and clamping, readers and their type rules, reference
+// val_test.cpp - values: constants and clamping, readers and their type rules, reference
 // counts and release, lists, equality, ordering and printing.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The local allocator's zero-filling contract and the CStr growth policy,
+// alloc_cstr_test.cpp - the local allocator's zero-filling contract and the CStr growth policy,
 // including the result codes.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The exported data symbol CStr holds the record size the library was built
+// cstr_size_test.cpp - the exported data symbol CStr holds the record size the library was built
 // with. It shares its name with the record type, so this file reads it alone.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Position-valued comparisons: the shared convention, the folded and bounded
+// string_compare_test.cpp - position-valued comparisons: the shared convention, the folded and bounded
 // forms, and the block scanner checked against a plain loop at page edges.
 #include <gtest/gtest.h>
 #include <sys/mman.h>

@@ -1,4 +1,4 @@
-// Copying, searching, case, tokenising, trimming, replacing and numbers:
+// string_routines_test.cpp - copying, searching, case, tokenising, trimming, replacing and numbers:
 // the places where these routines differ from the C library on purpose.
 #include <gtest/gtest.h>
 

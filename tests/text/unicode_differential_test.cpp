@@ -1,4 +1,4 @@
-// Compares both converters with small, plainly written strict converters on
+// unicode_differential_test.cpp - compares both converters with small, plainly written strict converters on
 // many random inputs, most of them valid or nearly valid, and random targets.
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-// A target buffer for the conversion tests, followed by guard units so that
+// unicode_guard.h - a target buffer for the conversion tests, followed by guard units so that
 // stray writes show up, and checked conversions into it.
-#ifndef TESTS_TEXT_UNICODE_GUARD_H
-#define TESTS_TEXT_UNICODE_GUARD_H
+#ifndef UTILS_TEXT_UNICODE_GUARD_H
+#define UTILS_TEXT_UNICODE_GUARD_H
 
 #include <gtest/gtest.h>
 
@@ -47,4 +47,4 @@ inline ::testing::AssertionResult to8(const std::u16string &src, uint32_t size, 
   return t.holds(want, bsr_UTF16ToUTF8(src.c_str(), len == kWhole ? uint32_t(src.size()) : len, t.data(), size));
 }
 
-#endif  // TESTS_TEXT_UNICODE_GUARD_H
+#endif  // UTILS_TEXT_UNICODE_GUARD_H

@@ -1,4 +1,4 @@
-// Where the UTF-8 <-> UTF-16 converters stop and what they keep, byte
+// unicode_test.cpp - where the UTF-8 <-> UTF-16 converters stop and what they keep, byte
 // widening with sign extension, and the exact "&(0x..)" rendering.
 #include <gtest/gtest.h>
 
