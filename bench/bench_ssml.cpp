@@ -126,10 +126,10 @@ double thread_cpu_us() {
 // text conversion, no string copies). This is what any loader must at least
 // pay the utterance model for the tree.
 void copy_shape(item *from, item *to) {
-  for (feature_pair *p = item_feats(from)->head; p; p = p->next) item_set(to, p->name, p->value);
+  for (feature_pair *p = item_feats(from)->head; p != nullptr; p = p->next) item_set(to, p->name, p->value);
   item *last = nullptr;
-  for (item *d = item_daughter(from); d; d = item_next(d)) {
-    last = last ? item_append(last, nullptr) : item_add_daughter(to, nullptr);
+  for (item *d = item_daughter(from); d != nullptr; d = item_next(d)) {
+    last = last != nullptr ? item_append(last, nullptr) : item_add_daughter(to, nullptr);
     copy_shape(d, last);
   }
 }

@@ -57,7 +57,7 @@ HConverter *make_converter() {
 }
 
 void check_prints(mxml_node_t *tree) {
-  if (char *text = mxmlSaveAllocString(tree, MXML_NO_CALLBACK)) std::free(text);
+  if (char *text = mxmlSaveAllocString(tree, MXML_NO_CALLBACK); text != nullptr) std::free(text);
 }
 
 }  // namespace

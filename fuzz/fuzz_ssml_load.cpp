@@ -18,7 +18,7 @@ char g_save_path[] = "/tmp/fuzz_ssml_load_XXXXXX";
 void remove_save_file() { unlink(g_save_path); }
 
 item *wrap_text(item *text, item *wrapper, void *) {
-  if (!wrapper) {
+  if (wrapper == nullptr) {
     wrapper = item_prepend(text, nullptr);
     item_set_wstring(wrapper, "tag", SentenceTagName());
   }
@@ -27,7 +27,7 @@ item *wrap_text(item *text, item *wrapper, void *) {
 }
 
 item *wrap_element(item *element, item *wrapper, void *) {
-  if (!wrapper) {
+  if (wrapper == nullptr) {
     wrapper = item_prepend(element, nullptr);
     item_set_wstring(wrapper, "tag", SentenceTagName());
   }

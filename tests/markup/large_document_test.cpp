@@ -13,19 +13,19 @@ using namespace markup_test;
 
 int count(item *i, item *(*step)(const item *)) {
   int n = 0;
-  for (; i; i = step(i)) ++n;
+  for (; i != nullptr; i = step(i)) ++n;
   return n;
 }
 
 // 100,000 siblings (true) or 2,000 levels (false): load, save, convert, walk.
 void *load_save_convert(void *siblings) {
   std::string doc, open, close;
-  for (int k = 0; k < (siblings ? 100000 : 2000); ++k) {
+  for (int k = 0; k < (siblings != nullptr ? 100000 : 2000); ++k) {
     std::string n = std::to_string(k);
     doc += "<w n=\"" + n + "\">" + n + "</w>";
     open += "<voice>", close += "</voice>";
   }
-  if (!siblings) doc = open + "deep" + close;
+  if (siblings == nullptr) doc = open + "deep" + close;
   Utt utt;
   EXPECT_EQ(utt.load("<speak>" + doc + "</speak>"), 1);
   std::string saved = std::regex_replace(doc, std::regex("<(?!/)"), "\n<");
@@ -39,11 +39,11 @@ void *load_save_convert(void *siblings) {
     EXPECT_EQ(count(item_daughter(u->root()), item_daughter), siblings ? 2 : 2001);
   }
   item *deepest = utt.root();
-  while (item_daughter(deepest)) deepest = item_daughter(deepest);
+  while (item_daughter(deepest) != nullptr) deepest = item_daughter(deepest);
   EXPECT_EQ(utt_walk_next(deepest, utt.root(), 1), siblings ? item_next(item_parent(deepest)) : nullptr);
   EXPECT_EQ(GetItemAncestor(deepest, u"speak"), utt.root());
   // Equal tags by the 100,000: whatever sharing the loader does keeps each 16-bit count in range.
-  for (item *w = item_daughter(utt.root()); w; w = item_next(w)) EXPECT_GT(item_feat(w, "tag")->c.atom.ref_count, 0);
+  for (item *w = item_daughter(utt.root()); w != nullptr; w = item_next(w)) EXPECT_GT(item_feat(w, "tag")->c.atom.ref_count, 0);
   return nullptr;
 }
 

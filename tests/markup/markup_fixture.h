@@ -20,7 +20,7 @@
 namespace markup_test {
 
 inline std::string utf8(const bsr_wchar *s) {
-  std::u16string w = s ? s : u"";
+  std::u16string w = s != nullptr ? s : u"";
   std::string out(w.size() * 3 + 1, '\0');
   bsr_UTF16ToUTF8(w.c_str(), static_cast<uint32_t>(w.size()), &out[0], static_cast<uint32_t>(out.size()));
   return out.c_str();
@@ -53,12 +53,12 @@ inline std::vector<std::vector<std::string>> read_cases(const std::string &name)
 inline std::string describe(const item *i) {
   if (!item_feat_present(i, "tag")) return "\"" + utf8(item_feat_wstring(i, "text")) + "\"";
   std::string out = utf8(item_feat_wstring(i, "tag")), attrs;
-  for (feature_pair *p = item_feats(i)->head; p; p = p->next) {
+  for (feature_pair *p = item_feats(i)->head; p != nullptr; p = p->next) {
     if (std::string(p->name) != "tag") attrs += (attrs.empty() ? "" : ",") + std::string(p->name) + "=" + utf8(val_wstring(p->value));
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
-  for (const item *d = item_daughter(i); d; d = item_next(d)) out += (d == item_daughter(i) ? "(" : ",") + describe(d);
-  return item_daughter(i) ? out + ")" : out;
+  for (const item *d = item_daughter(i); d != nullptr; d = item_next(d)) out += (d == item_daughter(i) ? "(" : ",") + describe(d);
+  return item_daughter(i) != nullptr ? out + ")" : out;
 }
 
 // The system's Mini-XML, the same version as the copy inside libUtils (which
@@ -80,8 +80,8 @@ inline std::string describe(mxml_node_t *node) {
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
   mxml_node_t *first = MX(mxmlGetFirstChild)(node);
-  for (mxml_node_t *c = first; c; c = MX(mxmlGetNextSibling)(c)) out += (c == first ? "(" : ",") + describe(c);
-  return first ? out + ")" : out;
+  for (mxml_node_t *c = first; c != nullptr; c = MX(mxmlGetNextSibling)(c)) out += (c == first ? "(" : ",") + describe(c);
+  return first != nullptr ? out + ")" : out;
 }
 
 // An utterance owned by the test.

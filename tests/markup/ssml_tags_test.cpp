@@ -46,7 +46,7 @@ item *gather(item *i, item *wrapper, void *data) {
   bool text = !item_feat_present(i, "tag");
   ++(text ? g->text_calls : g->element_calls);
   if (!text && g->decline == item_feat_wstring(i, "tag")) return nullptr;
-  if (!wrapper) item_set_wstring(wrapper = item_prepend(i, nullptr), "tag", g->tag);
+  if (wrapper == nullptr) item_set_wstring(wrapper = item_prepend(i, nullptr), "tag", g->tag);
   text ? item_set_wstring(item_add_daughter(wrapper, nullptr), "text", item_feat_wstring(i, "text"))
        : move_tree(wrapper, i);
   return wrapper;

@@ -20,7 +20,7 @@ std::string label(item *i) {
 // The items a walk visits; with `between`, only those between the marks.
 std::string walk(item *from, item *top, int descend, item *(*step)(item *, item *, int), bool between = false) {
   std::string seen;
-  for (item *i = step(from, top, descend); i; i = step(i, top, descend)) {
+  for (item *i = step(from, top, descend); i != nullptr; i = step(i, top, descend)) {
     if (!between || IsBetweenMark(top, i)) seen += (seen.empty() ? "" : " ") + label(i);
   }
   return seen;
@@ -38,7 +38,7 @@ TEST(Walk, WalksStayInsideTheTopAndPrevReversesNext) {
   EXPECT_EQ(walk(x_text, root, 1, utt_walk_prev), "word mark s 'three' word s 'deux' word 'un' word s p");
   EXPECT_EQ(utt_walk_prev(last_s, root, 0), p);
   std::string words;
-  for (item *w = find_tag(root, u"word"); w; w = utt_walk_next_tag(w, root, 1, u"word")) words += describe(w);
+  for (item *w = find_tag(root, u"word"); w != nullptr; w = utt_walk_next_tag(w, root, 1, u"word")) words += describe(w);
   EXPECT_EQ(words, "word(\"un\")word(\"deux\")word(\"three\")word(\"x\")");
   EXPECT_EQ(utt_walk_next_tag(fr, fr, 1, u"s"), nullptr);  // never the start itself
   item *mark = find_tag(root, u"mark");

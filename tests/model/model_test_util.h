@@ -24,6 +24,6 @@ std::string printed(Fn fn) {
 
 inline std::string printed_val(const val *v) { return printed([&](FILE *o) { val_print(o, v); }); }
 
-inline std::u16string wide(const bsr_wchar *s) { return s ? std::u16string(s) : u"<null>"; }
+inline std::u16string wide(const bsr_wchar *s) { return s != nullptr ? std::u16string(s) : u"<null>"; }
 
 #endif  // UTILS_MODEL_MODEL_TEST_UTIL_H

@@ -16,7 +16,7 @@ TEST(StringCompare, SharedConvention) {
   for (const Case &c : {Case{"abc", "abd", -3}, Case{"abd", "abc", 3}, Case{"ab", "abc", -3},
                         Case{"abc", "abc", 0}, Case{"a\xE9", "a\x41", 2},  // bytes compare unsigned
                         Case{nullptr, nullptr, 0}, Case{nullptr, "", -1}, Case{"", nullptr, 1}})
-    EXPECT_EQ(bsr_strcmp(c.a, c.b), c.want) << (c.a ? c.a : "null") << " / " << (c.b ? c.b : "null");
+    EXPECT_EQ(bsr_strcmp(c.a, c.b), c.want) << (c.a != nullptr ? c.a : "null") << " / " << (c.b != nullptr ? c.b : "null");
   EXPECT_EQ(bsr_wcscmp(u"ab", u"abc"), -3);
   const bsr_wchar hi[] = {0xFFFF, 0}, lo[] = {0x0041, 0};
   EXPECT_EQ(bsr_wcscmp(hi, lo), 1);

@@ -13,13 +13,13 @@ namespace {
 
 int say_twelve(const char *, CStr *out) { return CStrAppend(out, "twelve"); }
 int say_upper(const char *text, CStr *out) {  // fails on null text
-  for (const char *c = text; c && *c; ++c) CStrAppendC(out, static_cast<char>(std::toupper(*c)));
-  return text ? 0 : 1;
+  for (const char *c = text; c != nullptr && *c; ++c) CStrAppendC(out, static_cast<char>(std::toupper(*c)));
+  return text != nullptr ? 0 : 1;
 }
 int refuse(const char *, CStr *out) { return CStrAppend(out, "never used"), 3; }
 // Spells out what it was given: "interpret-as,format,detail:text".
 int record_say_as(const char *text, CStr *out, const char *as, const char *format, const char *detail) {
-  for (const char *s : {as, ",", format, ",", detail, ":", text}) CStrAppend(out, s ? s : "(null)");
+  for (const char *s : {as, ",", format, ",", detail, ":", text}) CStrAppend(out, s != nullptr ? s : "(null)");
   return 0;
 }
 int refuse_say_as(const char *, CStr *out, const char *, const char *, const char *) {

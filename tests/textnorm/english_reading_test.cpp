@@ -19,7 +19,7 @@ std::string subs(mxml_node_t *tree) {
   for (mxml_node_t *n = tree; n != nullptr; n = mxmlWalkNext(n, tree, MXML_DESCEND)) {
     if (mxmlGetType(n) != MXML_ELEMENT || std::string(mxmlGetElement(n)) != "sub") continue;
     mxml_node_t *text = mxmlGetFirstChild(n);
-    out += (out.empty() ? "" : " | ") + std::string(text ? mxmlGetOpaque(text) : "") + "=" +
+    out += (out.empty() ? "" : " | ") + std::string(text != nullptr ? mxmlGetOpaque(text) : "") + "=" +
            mxmlElementGetAttr(n, "alias");
   }
   return out;

@@ -16,7 +16,7 @@ void check(const std::vector<Row> &rows) {
   for (const Row &row : rows) {
     Replacer r(row.rules);
     EXPECT_EQ(r.rejected, row.rejected) << row.rules;
-    if (!row.input) continue;
+    if (row.input == nullptr) continue;
     EXPECT_EQ(r.run(row.input), row.expected) << row.rules << " on " << row.input;
   }
 }

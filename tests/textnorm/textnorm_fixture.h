@@ -15,7 +15,7 @@ namespace textnorm_test {
 // in stored order, text as [text] so that node boundaries show.
 inline std::string show(mxml_node_t *node) {
   std::string out;
-  for (mxml_node_t *child = mxmlGetFirstChild(node); child; child = mxmlGetNextSibling(child)) {
+  for (mxml_node_t *child = mxmlGetFirstChild(node); child != nullptr; child = mxmlGetNextSibling(child)) {
     if (mxmlGetType(child) == MXML_OPAQUE) out += "[" + std::string(mxmlGetOpaque(child)) + "]";
     if (mxmlGetType(child) != MXML_ELEMENT) continue;
     out += "<" + std::string(mxmlGetElement(child));
@@ -30,7 +30,7 @@ inline std::string show(mxml_node_t *node) {
 
 // The first element named `name`, depth first, the root included.
 inline mxml_node_t *find(mxml_node_t *tree, const char *name) {
-  if (tree && mxmlGetType(tree) == MXML_ELEMENT && std::string(mxmlGetElement(tree)) == name) return tree;
+  if (tree != nullptr && mxmlGetType(tree) == MXML_ELEMENT && std::string(mxmlGetElement(tree)) == name) return tree;
   return mxmlFindElement(tree, tree, name, nullptr, nullptr, MXML_DESCEND);
 }
 
@@ -38,7 +38,7 @@ inline mxml_node_t *find(mxml_node_t *tree, const char *name) {
 struct Doc {
   mxml_node_t *tree;
   explicit Doc(const std::string &xml) : tree(mxmlLoadString(nullptr, xml.c_str(), MXML_OPAQUE_CALLBACK)) {}
-  ~Doc() { if (tree) mxmlDelete(tree); }
+  ~Doc() { if (tree != nullptr) mxmlDelete(tree); }
   Doc(const Doc &) = delete;
   mxml_node_t *speak() const { return find(tree, "speak"); }
   std::string str() const { return show(speak()); }

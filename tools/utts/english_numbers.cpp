@@ -148,7 +148,7 @@ bool say_year(const std::string &digits, std::string &out) {
 
 bool say_number(const char *text, std::string &out) {
   CStr *sign = CStrCreate(4), *integer = CStrCreate(32), *fraction = CStrCreate(16);
-  bool ok = sign && integer && fraction &&
+  bool ok = sign != nullptr && integer != nullptr && fraction != nullptr &&
             SayAsCardinal(text, ".", ",", sign, integer, fraction) == 0 &&
             (CStrLength(integer) > 0 || CStrLength(fraction) > 0);
   if (ok) {

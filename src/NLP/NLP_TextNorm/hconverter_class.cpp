@@ -26,7 +26,7 @@ void append_text_below(mxml_node_t *top, CStr *out) {
   for (mxml_node_t *node = mxmlGetFirstChild(top); node != nullptr;
        node = mxmlWalkNext(node, top, MXML_DESCEND)) {
     if (mxmlGetType(node) == MXML_OPAQUE) {
-      if (const char *text = mxmlGetOpaque(node)) CStrAppend(out, text);
+      if (const char *text = mxmlGetOpaque(node); text != nullptr) CStrAppend(out, text);
     } else if (mxmlGetType(node) == MXML_TEXT) {
       int whitespace = 0;
       const char *text = mxmlGetText(node, &whitespace);
@@ -37,7 +37,7 @@ void append_text_below(mxml_node_t *top, CStr *out) {
 }
 
 void delete_children(mxml_node_t *element) {
-  while (mxml_node_t *child = mxmlGetFirstChild(element)) mxmlDelete(child);
+  while (mxmlGetFirstChild(element) != nullptr) mxmlDelete(mxmlGetFirstChild(element));
 }
 
 // Turns `element` into <sub alias="...">, keeping its children.
@@ -83,7 +83,7 @@ void HConverter::convert_rule_element(mxml_node_t *element, CStr *work) {
   auto found = callbacks_.find(mxmlGetElement(element));
   if (found != callbacks_.end() && found->second(leading_text(element), work) == 0 &&
       CStrStr(work) != nullptr) {
-    if (mxml_node_t *target = spoken_target(element)) mxmlSetOpaque(target, CStrStr(work));
+    if (mxml_node_t *target = spoken_target(element); target != nullptr) mxmlSetOpaque(target, CStrStr(work));
   }
   const char *src = mxmlElementGetAttr(element, "src");
   // After a failed append the work string has no buffer left to reuse.

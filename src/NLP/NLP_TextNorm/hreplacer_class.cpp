@@ -30,7 +30,7 @@ int HReplacer::add_rule(re2::StringPiece pattern, re2::StringPiece rewrite) {
 }
 
 int HReplacer::add_rule(const char *pattern, const char *rewrite) {
-  return add_rule(re2::StringPiece(pattern ? pattern : ""), re2::StringPiece(rewrite ? rewrite : ""));
+  return add_rule(re2::StringPiece(pattern != nullptr ? pattern : ""), re2::StringPiece(rewrite != nullptr ? rewrite : ""));
 }
 
 int HReplacer::add_rule_set(const char *text, int length) {
@@ -56,7 +56,7 @@ mxml_node_t *HReplacer::replace_text(const char *text) {
   mxml_node_t *speak = mxmlNewElement(document, "speak");
   if (speak != nullptr && text != nullptr) {
     utils::textnorm::TextQueue queue;
-    if (mxml_node_t *child = mxmlNewOpaque(speak, text)) utils::textnorm::push_text(queue, child);
+    if (mxml_node_t *child = mxmlNewOpaque(speak, text); child != nullptr) utils::textnorm::push_text(queue, child);
     apply_all(queue);
   }
   return document;

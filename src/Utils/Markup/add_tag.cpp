@@ -60,14 +60,14 @@ void offer_text(AncestorWalk &walk, Run &run, const TagRequest &req) {
 // its subtree already holds one.
 void offer_element(AncestorWalk &walk, Run &run, const TagRequest &req, bool may_enter) {
   item *element = walk.current();
-  if (utt_walk_next_tag(element, element, 1, req.tag)) {
+  if (utt_walk_next_tag(element, element, 1, req.tag) != nullptr) {
     run.end();
     walk.go(walk.plan(may_enter));
     return;
   }
   AncestorWalk::Step after = walk.plan(false);
   item *result = req.on_element(element, run.wrapper(), req.user_data);
-  if (!result) {  // declined
+  if (result == nullptr) {  // declined
     run.end();
     walk.go(walk.plan(may_enter));
     return;
@@ -84,7 +84,7 @@ void visit(AncestorWalk &walk, Run &run, const TagRequest &req) {
   }
   const bsr_wchar *tag = tag_of(cur);
   bool may_enter = tag_in_list(req.parent_list, tag);
-  if (tag && bsr_wcscmp(tag, req.tag) == 0) {
+  if (tag != nullptr && bsr_wcscmp(tag, req.tag) == 0) {
     run.end();
     walk.go(walk.plan(false));
   } else if (tag_in_list(req.child_list, tag)) {
@@ -100,10 +100,10 @@ void visit(AncestorWalk &walk, Run &run, const TagRequest &req) {
 extern "C" UTILS_API int AddTag(item *root, const bsr_wchar *tag, const bsr_wchar *child_list,
                                 const bsr_wchar *parent_list, AddTag_callback on_text,
                                 AddTag_callback on_element, void *user_data) {
-  if (!root || !item_daughter(root) || !on_text || !on_element) return 1;
+  if (root == nullptr || item_daughter(root) == nullptr || on_text == nullptr || on_element == nullptr) return 1;
   TagRequest req = {tag, child_list, parent_list, on_text, on_element, user_data};
   AncestorWalk walk(root);
   Run run;
-  while (walk.current()) visit(walk, run, req);
+  while (walk.current() != nullptr) visit(walk, run, req);
   return 1;
 }

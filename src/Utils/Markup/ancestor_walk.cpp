@@ -12,9 +12,9 @@ constexpr uint32_t kInitialDepth = 32;
 
 AncestorWalk::AncestorWalk(item *root) : root_(root), current_(nullptr) {
   item *first = item_daughter(root);
-  if (!first) return;
+  if (first == nullptr) return;
   chain_ = static_cast<item **>(bsr_safe_alloc(kInitialDepth * sizeof(item *)));
-  if (!chain_) return;
+  if (chain_ == nullptr) return;
   capacity_ = kInitialDepth;
   chain_[depth_++] = root;
   current_ = first;
@@ -24,7 +24,7 @@ AncestorWalk::~AncestorWalk() { bsr_free(chain_); }
 
 AncestorWalk::Step AncestorWalk::climb_from(item *at, uint32_t pops) const {
   for (;;) {
-    if (item *next = item_next(at)) return {next, pops, false};
+    if (item *next = item_next(at); next != nullptr) return {next, pops, false};
     if (pops >= depth_) return {nullptr, 0, false};
     item *up = chain_[depth_ - 1 - pops];
     if (up == root_) return {nullptr, 0, false};
@@ -34,21 +34,21 @@ AncestorWalk::Step AncestorWalk::climb_from(item *at, uint32_t pops) const {
 }
 
 AncestorWalk::Step AncestorWalk::plan(bool descend) const {
-  if (!current_) return {nullptr, 0, false};
+  if (current_ == nullptr) return {nullptr, 0, false};
   if (descend) {
-    if (item *first = item_daughter(current_)) return {first, 0, true};
+    if (item *first = item_daughter(current_); first != nullptr) return {first, 0, true};
   }
   return climb_from(current_, 0);
 }
 
 AncestorWalk::Step AncestorWalk::plan_after_parent() const {
   item *up = parent();
-  if (!up || up == root_) return {nullptr, 0, false};
+  if (up == nullptr || up == root_) return {nullptr, 0, false};
   return climb_from(up, 1);
 }
 
 void AncestorWalk::go(const Step &step) {
-  if (!step.to) {
+  if (step.to == nullptr) {
     current_ = nullptr;
     return;
   }
@@ -58,7 +58,7 @@ void AncestorWalk::go(const Step &step) {
       void *more = grown * sizeof(item *) <= 0x7FFFFFF0u
                        ? bsr_safe_realloc(chain_, static_cast<uint32_t>(grown * sizeof(item *)))
                        : nullptr;
-      if (!more) {
+      if (more == nullptr) {
         current_ = nullptr;
         return;
       }

@@ -19,7 +19,7 @@ class AncestorWalk {
     uint32_t pops;
     bool into;
     // True when the move leaves the current sibling list upward (or ends).
-    bool leaves_list() const { return !into && (pops > 0 || !to); }
+    bool leaves_list() const { return !into && (pops > 0 || to == nullptr); }
   };
 
   // Starts at the first daughter of `root`; the walk never leaves root's

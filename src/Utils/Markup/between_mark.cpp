@@ -15,12 +15,12 @@ namespace {
 
 bool is_named(item *mark, const bsr_wchar *name) {
   const bsr_wchar *own = item_feat_wstring(mark, kNameFeature);
-  return own && bsr_wcscmp(own, name) == 0;
+  return own != nullptr && bsr_wcscmp(own, name) == 0;
 }
 
 // Does `target` follow the subtree of `i` in document order (within top)?
 bool comes_after(item *i, item *top, item *target) {
-  for (item *cur = utt_walk_next(i, top, 0); cur; cur = utt_walk_next(cur, top, 1)) {
+  for (item *cur = utt_walk_next(i, top, 0); cur != nullptr; cur = utt_walk_next(cur, top, 1)) {
     if (cur == target) return true;
   }
   return false;
@@ -28,7 +28,7 @@ bool comes_after(item *i, item *top, item *target) {
 
 // Does `target` precede `i` in document order (ancestors included)?
 bool comes_before(item *i, item *top, item *target) {
-  for (item *cur = utt_walk_prev(i, top, 1); cur; cur = utt_walk_prev(cur, top, 1)) {
+  for (item *cur = utt_walk_prev(i, top, 1); cur != nullptr; cur = utt_walk_prev(cur, top, 1)) {
     if (cur == target) return true;
   }
   return false;
@@ -48,10 +48,10 @@ bool any_named_mark(item *top, item *i, const bsr_wchar *name, Placement placed)
 }  // namespace
 
 extern "C" UTILS_API int IsBetweenMark(item *top, item *i) {
-  if (!top || !i) return 0;
+  if (top == nullptr || i == nullptr) return 0;
   const bsr_wchar *start = item_feat_wstring(top, kStartMarkFeature);
-  if (start && any_named_mark(top, i, start, comes_after)) return 0;
+  if (start != nullptr && any_named_mark(top, i, start, comes_after)) return 0;
   const bsr_wchar *end = item_feat_wstring(top, kEndMarkFeature);
-  if (!end) return 1;
+  if (end == nullptr) return 1;
   return any_named_mark(top, i, end, comes_before) ? 0 : 1;
 }

@@ -10,38 +10,38 @@ namespace {
 
 // The nearest wide-string value of `name` on `i` or above it; null if none.
 const bsr_wchar *nearest_value(item *i, const char *name) {
-  for (item *cur = i; cur; cur = item_parent(cur)) {
-    if (const bsr_wchar *value = item_feat_wstring(cur, name)) return value;
+  for (item *cur = i; cur != nullptr; cur = item_parent(cur)) {
+    if (const bsr_wchar *value = item_feat_wstring(cur, name); value != nullptr) return value;
   }
   return nullptr;
 }
 
-bool is_empty(const char *s) { return !s || !s[0]; }
+bool is_empty(const char *s) { return s == nullptr || !s[0]; }
 
 }  // namespace
 
 extern "C" {
 
 UTILS_API const bsr_wchar *GetInheritAtt(item *i, const char *name) {
-  if (!i || is_empty(name)) return nullptr;
+  if (i == nullptr || is_empty(name)) return nullptr;
   return nearest_value(i, name);
 }
 
 UTILS_API int IsHasInheritAtt(item *i, const char *name, const bsr_wchar *value) {
-  if (!i || is_empty(name)) return 0;
+  if (i == nullptr || is_empty(name)) return 0;
   const bsr_wchar *found = nearest_value(i, name);
-  if (!found) return 0;
-  if (!value) return 1;
+  if (found == nullptr) return 0;
+  if (value == nullptr) return 1;
   return bsr_wcscmp(found, value) == 0 ? 1 : 0;
 }
 
 UTILS_API item *GetItemAncestor(item *i, const bsr_wchar *tag) {
   item *parent = item_parent(i);
-  if (!parent) return nullptr;
-  if (!tag || !tag[0]) return parent;
+  if (parent == nullptr) return nullptr;
+  if (tag == nullptr || !tag[0]) return parent;
   // The item counts as its own ancestor: an element asked for its own tag
   // answers itself.
-  for (item *cur = i; cur; cur = item_parent(cur)) {
+  for (item *cur = i; cur != nullptr; cur = item_parent(cur)) {
     if (has_tag(cur, tag)) return cur;
   }
   return nullptr;

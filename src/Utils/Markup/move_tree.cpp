@@ -8,21 +8,21 @@ namespace {
 // first-daughter link and the relation's head and tail.
 void unlink(item *i) {
   relation *rel = i->relation;
-  if (i->next) {
+  if (i->next != nullptr) {
     i->next->prev = i->prev;
     // A following sibling inherits the parent link of a first daughter.
     i->next->up = i->up;
   }
-  if (i->prev) i->prev->next = i->next;
-  if (i->up) i->up->down = i->next;
-  if (rel && rel->head == i) rel->head = i->next;
-  if (rel && rel->tail == i) rel->tail = i->prev;
+  if (i->prev != nullptr) i->prev->next = i->next;
+  if (i->up != nullptr) i->up->down = i->next;
+  if (rel != nullptr && rel->head == i) rel->head = i->next;
+  if (rel != nullptr && rel->tail == i) rel->tail = i->prev;
   i->next = i->prev = i->up = nullptr;
 }
 
 void link_last_daughter(item *parent, item *i) {
   item *last = item_last_daughter(parent);
-  if (!last) {
+  if (last == nullptr) {
     parent->down = i;
     i->up = parent;
     return;
@@ -34,7 +34,7 @@ void link_last_daughter(item *parent, item *i) {
 }  // namespace
 
 extern "C" UTILS_API void move_tree(item *new_parent, item *i) {
-  if (!new_parent || !i || new_parent == i || new_parent->relation != i->relation) return;
+  if (new_parent == nullptr || i == nullptr || new_parent == i || new_parent->relation != i->relation) return;
   unlink(i);
   link_last_daughter(new_parent, i);
 }

@@ -25,7 +25,7 @@ void *ScratchText::room(uint64_t bytes) {
   uint64_t want = grown > bytes && grown <= kMaxScratchBytes ? grown : bytes;
   // The old contents are never needed again: a fresh block avoids a copy.
   void *fresh = bsr_safe_alloc(static_cast<uint32_t>(want));
-  if (!fresh) return nullptr;
+  if (fresh == nullptr) return nullptr;
   bsr_free(data_);
   data_ = fresh;
   size_ = static_cast<uint32_t>(want);
@@ -33,13 +33,13 @@ void *ScratchText::room(uint64_t bytes) {
 }
 
 const char *ScratchText::utf8_from_wide(const bsr_wchar *wide) {
-  if (!wide) return nullptr;
+  if (wide == nullptr) return nullptr;
   // Four bytes per unit is more than any UTF-16 unit needs, plus room for
   // the terminator.
   uint64_t units = bsr_wcslen(wide);
   uint64_t bytes = units * 4 + 4;
   auto *out = static_cast<char *>(room(bytes));
-  if (!out) return nullptr;
+  if (out == nullptr) return nullptr;
   return bsr_UTF16ToUTF8(wide, static_cast<uint32_t>(units), out, static_cast<uint32_t>(bytes));
 }
 

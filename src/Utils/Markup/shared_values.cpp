@@ -22,7 +22,7 @@ val *SharedValues::make(const char *utf8, size_t length, bool lead_blank) {
   uint64_t units = static_cast<uint64_t>(length) + 1 + (lead_blank ? 1 : 0);
   if (units * sizeof(bsr_wchar) > 0x7FFFFFF0u) return nullptr;
   val *v = utils::model::wstring_val_with_room(static_cast<uint32_t>(units));
-  if (!v) return nullptr;
+  if (v == nullptr) return nullptr;
   auto *text = static_cast<bsr_wchar *>(v->c.atom.payload.p);
   if (lead_blank) *text++ = u' ';
   bsr_UTF8ToUTF16(utf8, static_cast<uint32_t>(length), text, static_cast<uint32_t>(length + 1));
@@ -69,12 +69,12 @@ val *SharedValues::get(const char *utf8, bool lead_blank) {
   if (length > kMaxKey) return make(utf8, length, lead_blank);
   uint32_t n = static_cast<uint32_t>(length);
   Slot &slot = slots_[hash_of(utf8, n, lead_blank) & (kSlots - 1)];
-  if (slot.value && slot.length == n && slot.lead_blank == lead_blank &&
+  if (slot.value != nullptr && slot.length == n && slot.lead_blank == lead_blank &&
       memcmp(slot.key, utf8, n) == 0 && slot.value->c.atom.ref_count < kMaxShares) {
     return slot.value;
   }
   val *fresh = make(utf8, n, lead_blank);
-  if (!fresh) return nullptr;
+  if (fresh == nullptr) return nullptr;
   delete_val(slot.value);  // the table's reference to the text it replaces
   val_inc_refcount(fresh);
   slot.value = fresh;

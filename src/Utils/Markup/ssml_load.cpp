@@ -26,8 +26,8 @@ NodeKind kind_of(mxml_node_t *node) {
   switch (mxmlGetType(node)) {
     case MXML_ELEMENT: {
       const char *name = mxmlGetElement(node);
-      if (!name || !name[0]) return NodeKind::kSkipped;
-      if (name[0] == '!') return mxmlGetCDATA(node) ? NodeKind::kText : NodeKind::kSkipped;
+      if (name == nullptr || !name[0]) return NodeKind::kSkipped;
+      if (name[0] == '!') return mxmlGetCDATA(node) != nullptr ? NodeKind::kText : NodeKind::kSkipped;
       return name[0] == '?' ? NodeKind::kSkipped : NodeKind::kElement;
     }
     case MXML_OPAQUE:
@@ -45,7 +45,7 @@ struct Converter {
 
 void set_wide(item *it, const char *name, const char *utf8, Converter &conv,
               bool lead_blank = false) {
-  if (val *v = conv.values.get(utf8 ? utf8 : "", lead_blank)) item_set(it, name, v);
+  if (val *v = conv.values.get(utf8 != nullptr ? utf8 : "", lead_blank); v != nullptr) item_set(it, name, v);
 }
 
 // "tag" first, then the attributes from the last to the first: the item's
@@ -57,7 +57,7 @@ void set_element(item *it, mxml_node_t *element, Converter &conv) {
     const char *value = mxmlElementGetAttrByIndex(element, k, &name);
     // An attribute called "tag" would rename the element; it cannot be
     // held in the tree and is dropped.
-    if (!name || !name[0] || strcmp(name, kTagFeature) == 0) continue;
+    if (name == nullptr || !name[0] || strcmp(name, kTagFeature) == 0) continue;
     set_wide(it, name, value, conv);
   }
 }
@@ -80,7 +80,7 @@ void set_text(item *it, mxml_node_t *node, Converter &conv) {
 mxml_node_t *find_root_element(mxml_node_t *tree) {
   if (mxmlGetType(tree) == MXML_ELEMENT) {
     const char *name = mxmlGetElement(tree);
-    if (name && strcmp(name, kRootElement) == 0) return tree;
+    if (name != nullptr && strcmp(name, kRootElement) == 0) return tree;
   }
   return mxmlFindElement(tree, tree, kRootElement, nullptr, nullptr, MXML_DESCEND);
 }
@@ -96,9 +96,9 @@ void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
   item *parent = root;   // owner's item; only needed while `last` is null
   item *last = nullptr;  // the last item made among owner's children
   for (;;) {
-    if (!node) {
+    if (node == nullptr) {
       if (owner == speak) return;
-      last = last ? item_parent(last) : parent;
+      last = last != nullptr ? item_parent(last) : parent;
       parent = nullptr;
       node = mxmlGetNextSibling(owner);
       owner = mxmlGetParent(owner);
@@ -109,14 +109,14 @@ void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
       node = mxmlGetNextSibling(node);
       continue;
     }
-    item *made = last ? item_append(last, nullptr) : item_add_daughter(parent, nullptr);
-    if (!made) return;  // out of memory: keep what was built
+    item *made = last != nullptr ? item_append(last, nullptr) : item_add_daughter(parent, nullptr);
+    if (made == nullptr) return;  // out of memory: keep what was built
     last = made;
     if (kind == NodeKind::kText) {
       set_text(made, node, conv);
     } else {
       set_element(made, node, conv);
-      if (mxml_node_t *first = mxmlGetFirstChild(node)) {
+      if (mxml_node_t *first = mxmlGetFirstChild(node); first != nullptr) {
         owner = node;
         parent = made;
         last = nullptr;
@@ -131,7 +131,7 @@ void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
 void build_tree(utterance *u, mxml_node_t *speak) {
   relation *rel = utt_relation_create(u, kRelationName);
   item *root = relation_append(rel, nullptr);
-  if (!root) return;
+  if (root == nullptr) return;
   Converter conv;
   set_element(root, speak, conv);
   convert_content(root, speak, conv);
@@ -147,7 +147,7 @@ bool is_root_element(mxml_node_t *node) {
 
 int count_root_elements(mxml_node_t *holder) {
   int count = 0;
-  for (mxml_node_t *n = mxmlGetFirstChild(holder); n; n = mxmlGetNextSibling(n)) {
+  for (mxml_node_t *n = mxmlGetFirstChild(holder); n != nullptr; n = mxmlGetNextSibling(n)) {
     if (is_root_element(n)) ++count;
   }
   return count;
@@ -161,9 +161,9 @@ int count_root_elements(mxml_node_t *holder) {
 // a second root element is rejected here. Null when the text is rejected.
 mxml_node_t *parse_document(const char *ssml) {
   mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "#document");
-  if (!holder) return nullptr;
+  if (holder == nullptr) return nullptr;
   mxmlSetErrorCallback(quiet_parse_errors);
-  if (!mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) || count_root_elements(holder) != 1) {
+  if (mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr || count_root_elements(holder) != 1) {
     mxmlDelete(holder);
     return nullptr;
   }
@@ -175,19 +175,19 @@ mxml_node_t *parse_document(const char *ssml) {
 extern "C" {
 
 UTILS_API int utt_load_ssml(utterance *u, const char *ssml) {
-  if (!u || !ssml) return 0;
+  if (u == nullptr || ssml == nullptr) return 0;
   mxml_node_t *tree = parse_document(ssml);
-  if (!tree) return 0;
+  if (tree == nullptr) return 0;
   mxml_node_t *speak = find_root_element(tree);
-  if (speak) build_tree(u, speak);
+  if (speak != nullptr) build_tree(u, speak);
   // The tree is ours alone: delete it directly.
   mxmlDelete(tree);
-  return speak ? 1 : 0;
+  return speak != nullptr ? 1 : 0;
 }
 
 UTILS_API void utt_load_xml(utterance *u, mxml_node_t *tree) {
-  if (!u || !tree) return;
-  if (mxml_node_t *speak = find_root_element(tree)) build_tree(u, speak);
+  if (u == nullptr || tree == nullptr) return;
+  if (mxml_node_t *speak = find_root_element(tree); speak != nullptr) build_tree(u, speak);
 }
 
 }  // extern "C"

@@ -33,7 +33,7 @@ class SsmlWriter {
     fprintf(out_, "\n<%s", tag_utf8(i));
     // Every feature but "tag", in list order, as name="value".
     feat_print(out_, item_feats(i));
-    if (!item_daughter(i)) {
+    if (item_daughter(i) == nullptr) {
       fputs("/>", out_);
       return false;
     }
@@ -46,11 +46,11 @@ class SsmlWriter {
  private:
   const char *tag_utf8(item *i) {
     const char *tag = scratch_.utf8_from_wide(tag_of(i));
-    return tag ? tag : "";
+    return tag != nullptr ? tag : "";
   }
 
   void write_text(item *i) {
-    if (const char *text = scratch_.utf8_from_wide(item_feat_wstring(i, kTextFeature))) {
+    if (const char *text = scratch_.utf8_from_wide(item_feat_wstring(i, kTextFeature)); text != nullptr) {
       fputs(text, out_);
     }
   }
@@ -62,11 +62,11 @@ class SsmlWriter {
 }  // namespace
 
 extern "C" UTILS_API int utt_save_ssml(utterance *u, const char *path) {
-  if (!u || !path) return -1;
+  if (u == nullptr || path == nullptr) return -1;
   FILE *out = fopen(path, "wb");
-  if (!out) return -1;
+  if (out == nullptr) return -1;
   fputs(kDeclaration, out);
-  if (item *root = relation_head(utt_relation(u, kRelationName))) {
+  if (item *root = relation_head(utt_relation(u, kRelationName)); root != nullptr) {
     SsmlWriter writer(out);
     visit_tree(root, true, writer);
   }

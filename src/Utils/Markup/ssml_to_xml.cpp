@@ -31,10 +31,10 @@ class XmlBuilder {
       return false;
     }
     const char *tag = scratch_.utf8_from_wide(tag_of(i));
-    mxml_node_t *element = mxmlNewElement(parent_, tag ? tag : "");
-    if (!element) return false;
+    mxml_node_t *element = mxmlNewElement(parent_, tag != nullptr ? tag : "");
+    if (element == nullptr) return false;
     add_attributes(element, i);
-    if (!item_daughter(i)) return false;
+    if (item_daughter(i) == nullptr) return false;
     parent_ = element;
     return true;
   }
@@ -45,10 +45,10 @@ class XmlBuilder {
   // One attribute per feature but "tag", in list order; a value that is not
   // a wide string gives an empty attribute.
   void add_attributes(mxml_node_t *element, item *i) {
-    for (feature_pair *p = item_feats(i) ? item_feats(i)->head : nullptr; p; p = p->next) {
-      if (!p->name || bsr_strcmp(p->name, kTagFeature) == 0) continue;
+    for (feature_pair *p = item_feats(i) != nullptr ? item_feats(i)->head : nullptr; p != nullptr; p = p->next) {
+      if (p->name == nullptr || bsr_strcmp(p->name, kTagFeature) == 0) continue;
       const char *value = scratch_.utf8_from_wide(val_wstring(p->value));
-      mxmlElementSetAttr(element, p->name, value ? value : "");
+      mxmlElementSetAttr(element, p->name, value != nullptr ? value : "");
     }
   }
 
@@ -56,8 +56,8 @@ class XmlBuilder {
   // buffer cannot be had.
   void add_text(item *i) {
     const bsr_wchar *text = item_feat_wstring(i, kTextFeature);
-    const char *utf8 = scratch_.utf8_from_wide(text ? text : u"");
-    if (utf8) mxmlNewOpaque(parent_, utf8);
+    const char *utf8 = scratch_.utf8_from_wide(text != nullptr ? text : u"");
+    if (utf8 != nullptr) mxmlNewOpaque(parent_, utf8);
   }
 
   mxml_node_t *parent_;
@@ -67,10 +67,10 @@ class XmlBuilder {
 }  // namespace
 
 extern "C" UTILS_API mxml_node_t *utt_to_xml(utterance *u) {
-  if (!u) return nullptr;
+  if (u == nullptr) return nullptr;
   mxml_node_t *document = mxmlNewXML("1.0");
-  if (!document) return nullptr;
-  if (item *root = relation_head(utt_relation(u, kRelationName))) {
+  if (document == nullptr) return nullptr;
+  if (item *root = relation_head(utt_relation(u, kRelationName)); root != nullptr) {
     XmlBuilder builder(document);
     visit_tree(root, false, builder);
   }

@@ -17,7 +17,7 @@ bool spaced_at(const bsr_wchar *list, const bsr_wchar *hit, uint32_t len) {
 }
 
 bool occurs_spaced(const bsr_wchar *list, const bsr_wchar *name, uint32_t len) {
-  for (const bsr_wchar *hit = bsr_wcsstr(list, name); hit; hit = bsr_wcsstr(hit + 1, name)) {
+  for (const bsr_wchar *hit = bsr_wcsstr(list, name); hit != nullptr; hit = bsr_wcsstr(hit + 1, name)) {
     if (spaced_at(list, hit, len)) return true;
   }
   return false;
@@ -26,7 +26,7 @@ bool occurs_spaced(const bsr_wchar *list, const bsr_wchar *name, uint32_t len) {
 }  // namespace
 
 bool tag_in_list(const bsr_wchar *list, const bsr_wchar *name) {
-  if (!list || !name || !name[0]) return false;
+  if (list == nullptr || name == nullptr || !name[0]) return false;
   uint32_t len = bsr_wcslen(name);
   if (len + 3 > kSpacedNameRoom) return occurs_spaced(list, name, len);
   // " name " as one needle: a member is bounded by spaces on both sides.

@@ -18,7 +18,7 @@ void visit_tree(item *first, bool with_siblings, Visitor &visitor) {
   item *cur = first;
   while (cur) {
     if (visitor.open(cur)) {
-      if (item *down = item_daughter(cur)) {
+      if (item *down = item_daughter(cur); down != nullptr) {
         cur = down;
         continue;
       }
@@ -26,7 +26,7 @@ void visit_tree(item *first, bool with_siblings, Visitor &visitor) {
     }
     for (;;) {
       if (cur == first && !with_siblings) return;
-      if (item *next = item_next(cur)) {
+      if (item *next = item_next(cur); next != nullptr) {
         cur = next;
         break;
       }

@@ -12,15 +12,15 @@ namespace {
 // the climb would reach `top` or run out of parents.
 item *next_after_subtree(item *i, item *top) {
   for (item *cur = i;;) {
-    if (item *sibling = item_next(cur)) return sibling;
+    if (item *sibling = item_next(cur); sibling != nullptr) return sibling;
     item *parent = item_parent(cur);
-    if (!parent || parent == top) return nullptr;
+    if (parent == nullptr || parent == top) return nullptr;
     cur = parent;
   }
 }
 
 item *deepest_last_descendant(item *i) {
-  while (item *last = item_last_daughter(i)) i = last;
+  for (item *last = item_last_daughter(i); last != nullptr; last = item_last_daughter(i)) i = last;
   return i;
 }
 
@@ -29,30 +29,30 @@ item *deepest_last_descendant(item *i) {
 extern "C" {
 
 UTILS_API item *utt_walk_next(item *i, item *top, int descend) {
-  if (!i) return nullptr;
+  if (i == nullptr) return nullptr;
   if (descend) {
-    if (item *first = item_daughter(i)) return first;
+    if (item *first = item_daughter(i); first != nullptr) return first;
   }
   if (i == top) return nullptr;
   return next_after_subtree(i, top);
 }
 
 UTILS_API item *utt_walk_prev(item *i, item *top, int descend) {
-  if (!i || i == top) return nullptr;
-  if (item *sibling = item_prev(i)) return descend ? deepest_last_descendant(sibling) : sibling;
+  if (i == nullptr || i == top) return nullptr;
+  if (item *sibling = item_prev(i); sibling != nullptr) return descend ? deepest_last_descendant(sibling) : sibling;
   item *parent = item_parent(i);
   return parent == top ? nullptr : parent;
 }
 
 UTILS_API item *utt_walk_next_tag(item *i, item *top, int descend, const bsr_wchar *tag) {
-  for (item *cur = utt_walk_next(i, top, descend); cur; cur = utt_walk_next(cur, top, descend)) {
+  for (item *cur = utt_walk_next(i, top, descend); cur != nullptr; cur = utt_walk_next(cur, top, descend)) {
     if (has_tag(cur, tag)) return cur;
   }
   return nullptr;
 }
 
 UTILS_API item *utt_walk_prev_tag(item *i, item *top, int descend, const bsr_wchar *tag) {
-  for (item *cur = utt_walk_prev(i, top, descend); cur; cur = utt_walk_prev(cur, top, descend)) {
+  for (item *cur = utt_walk_prev(i, top, descend); cur != nullptr; cur = utt_walk_prev(cur, top, descend)) {
     if (has_tag(cur, tag)) return cur;
   }
   return nullptr;

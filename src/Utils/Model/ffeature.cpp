@@ -105,7 +105,7 @@ const val *answer(const item *i, const char *name) {
   if (i == nullptr) return &utils_val_ffeature_default;
   utterance *u = item_utt(i);
   if (u != nullptr) {
-    if (ffunc fn = val_ffunc(feat_val(u->ffunctions, name))) {
+    if (ffunc fn = val_ffunc(feat_val(u->ffunctions, name)); fn != nullptr) {
       const val *v = fn(i);
       return v != nullptr ? v : &utils_val_ffeature_default;
     }

@@ -45,19 +45,19 @@ UTILS_API const bsr_wchar *item_feat_wstring(const item *i, const char *name) {
 
 // Setters need an item; a null one is ignored rather than dereferenced.
 UTILS_API void item_set(item *i, const char *name, const val *v) {
-  if (features *f = feats_of(i)) feat_set(f, name, v);
+  if (features *f = feats_of(i); f != nullptr) feat_set(f, name, v);
 }
 
 UTILS_API void item_set_int(item *i, const char *name, int32_t n) {
-  if (features *f = feats_of(i)) feat_set_int(f, name, n);
+  if (features *f = feats_of(i); f != nullptr) feat_set_int(f, name, n);
 }
 
 UTILS_API void item_set_float(item *i, const char *name, float x) {
-  if (features *f = feats_of(i)) feat_set_float(f, name, x);
+  if (features *f = feats_of(i); f != nullptr) feat_set_float(f, name, x);
 }
 
 UTILS_API void item_set_wstring(item *i, const char *name, const bsr_wchar *s) {
-  if (features *f = feats_of(i)) feat_set_wstring(f, name, s);
+  if (features *f = feats_of(i); f != nullptr) feat_set_wstring(f, name, s);
 }
 
 }  // extern "C"

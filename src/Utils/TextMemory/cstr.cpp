@@ -50,9 +50,9 @@ UTILS_API void CStrDestroy(CStr *s) {
   bsr_free(s);
 }
 
-UTILS_API uint32_t CStrLength(const CStr *s) { return s ? s->used - 1 : 0; }
+UTILS_API uint32_t CStrLength(const CStr *s) { return s != nullptr ? s->used - 1 : 0; }
 
-UTILS_API char *CStrStr(const CStr *s) { return s ? s->buffer : nullptr; }
+UTILS_API char *CStrStr(const CStr *s) { return s != nullptr ? s->buffer : nullptr; }
 
 UTILS_API int32_t CStrAppend(CStr *s, const char *text) {
   if (s == nullptr || text == nullptr) return CSTR_EBADARG;

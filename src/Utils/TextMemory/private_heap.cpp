@@ -96,7 +96,7 @@ void *heap_alloc(bsr_heap *heap, size_t size) {
   if (size > kMaxSmall) return alloc_large(heap, size);
   size_t cls = class_of(size);
   size_t bytes = cls * kGrain;
-  if (FreeBlock *reused = heap->free_lists[cls]) {
+  if (FreeBlock *reused = heap->free_lists[cls]; reused != nullptr) {
     heap->free_lists[cls] = reused->next;
     std::memset(reused, 0, bytes);
     return reused;

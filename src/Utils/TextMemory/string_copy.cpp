@@ -67,10 +67,10 @@ Unit *duplicate_bounded(const Unit *s, uint32_t n) {
 extern "C" {
 
 UTILS_API uint32_t bsr_strlen(const char *s) {
-  return s ? static_cast<uint32_t>(std::strlen(s)) : 0;
+  return s != nullptr ? static_cast<uint32_t>(std::strlen(s)) : 0;
 }
 UTILS_API uint32_t bsr_wcslen(const bsr_wchar *s) {
-  return s ? static_cast<uint32_t>(utils::text::length(s)) : 0;
+  return s != nullptr ? static_cast<uint32_t>(utils::text::length(s)) : 0;
 }
 
 UTILS_API void bsr_strcpy(char *dst, const char *src) { copy(dst, src); }

@@ -32,7 +32,7 @@ int32_t split(Unit *s, const Unit *delims, Unit **out) {
   if (out == nullptr) return 0;
   uint32_t pos = 0;
   int32_t count = 0;
-  while (Unit *token = next_token(s, &pos, delims)) out[count++] = token;
+  for (Unit *token = next_token(s, &pos, delims); token != nullptr; token = next_token(s, &pos, delims)) out[count++] = token;
   return count;
 }
 
