@@ -1,7 +1,10 @@
-// hconverter_exports.cpp - the exported HConverter_* functions: each forwards to the converter object.
+// hconverter_exports.cpp - the exported HConverter_* functions: each
+// forwards to the converter object; registering a callback may meet an
+// exhausted-memory exception of the standard map, which becomes a 0.
 #include "hconverter.h"
 
 #include "NLP/NLP_TextNorm/hconverter_class.h"
+#include "Utils/TextMemory/guarded.h"
 
 extern "C" {
 
@@ -10,7 +13,8 @@ UTILS_API HConverter *HConverter_create(void) { return new HConverter(); }
 UTILS_API void HConverter_delete(HConverter *converter) { delete converter; }
 
 UTILS_API int HConverter_add(HConverter *converter, const char *name, ConvertFunc func) {
-  return converter != nullptr ? converter->add(name, func) : 0;
+  if (converter == nullptr) return 0;
+  return utils::guarded(0, [&] { return converter->add(name, func); });
 }
 
 UTILS_API void HConverter_setSayAs(HConverter *converter, SayAsFunc func) {

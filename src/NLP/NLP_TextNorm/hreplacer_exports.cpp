@@ -1,7 +1,10 @@
-// hreplacer_exports.cpp - the exported HReplacer_* functions: each forwards to the replacer object.
+// hreplacer_exports.cpp - the exported HReplacer_* functions: each forwards
+// to the replacer object, and those that reach RE2 or the standard
+// containers turn an exhausted-memory exception into their failure result.
 #include "hreplacer.h"
 
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
+#include "Utils/TextMemory/guarded.h"
 
 extern "C" {
 
@@ -9,12 +12,16 @@ UTILS_API HReplacer *HReplacer_create(void) { return new HReplacer(); }
 
 UTILS_API void HReplacer_delete(HReplacer *replacer) { delete replacer; }
 
+// When memory runs out part way, the rules read so far stay loaded and at
+// least the line being read is not: it is counted as rejected.
 UTILS_API int HReplacer_addRuleSet(HReplacer *replacer, const char *text, int length) {
-  return replacer != nullptr ? replacer->add_rule_set(text, length) : 0;
+  if (replacer == nullptr) return 0;
+  return utils::guarded(1, [&] { return replacer->add_rule_set(text, length); });
 }
 
+// When memory runs out part way, the rules applied so far keep their effect.
 UTILS_API void HReplacer_replace(HReplacer *replacer, mxml_node_t *node) {
-  if (replacer != nullptr) replacer->replace(node);
+  if (replacer != nullptr) utils::guarded_void([&] { replacer->replace(node); });
 }
 
 }  // extern "C"
