@@ -8,8 +8,9 @@
 #include "hconverter.h"
 #include "textnorm/textnorm_fixture.h"
 
-namespace textnorm_test {
 namespace {
+
+using namespace textnorm_test;
 
 int say_twelve(const char *, CStr *out) { return CStrAppend(out, "twelve"); }
 int say_upper(const char *text, CStr *out) {  // fails on null text
@@ -90,4 +91,3 @@ TEST(Converter, SayAsLeftAloneUntilSetOrWhenRefused) {
 }
 
 }  // namespace
-}  // namespace textnorm_test

@@ -10,8 +10,9 @@
 #include "utts/english_readers.h"
 #include "utts/text_normalizer.h"
 
-namespace textnorm_test {
 namespace {
+
+using namespace textnorm_test;
 
 // "written=spoken" for every sub element, in document order, joined by " | ".
 std::string subs(mxml_node_t *tree) {
@@ -156,4 +157,3 @@ TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
 }
 
 }  // namespace
-}  // namespace textnorm_test

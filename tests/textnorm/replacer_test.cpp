@@ -7,8 +7,9 @@
 
 #include "textnorm/textnorm_fixture.h"
 
-namespace textnorm_test {
 namespace {
+
+using namespace textnorm_test;
 
 struct Row { std::string rules; int rejected; const char *input, *expected; };  // input null: load only
 
@@ -125,4 +126,3 @@ TEST(Replacer, WhichTextTheRulesSee) {
 }
 
 }  // namespace
-}  // namespace textnorm_test

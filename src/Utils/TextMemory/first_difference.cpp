@@ -60,9 +60,9 @@ inline uint64_t word_flags(uint64_t x, uint64_t y) {
 }
 
 // A plain unaligned load, not a library call, so it stays unchecked.
-typedef uint64_t __attribute__((may_alias, aligned(1))) unaligned_u64;
+typedef uint64_t __attribute__((may_alias, aligned(1))) UnalignedWord;
 UTILS_NO_ADDRESS_CHECK inline uint64_t load_word(const uint8_t *p) {
-  return *reinterpret_cast<const unaligned_u64 *>(p);
+  return *reinterpret_cast<const UnalignedWord *>(p);
 }
 
 template <typename Unit>
