@@ -1,5 +1,6 @@
-// bench_mlpg.cpp - MLPG speed of libUtils beside LAPACK's banded positive-definite solver, on
-// a 40-dimensional stream with static, delta and acceleration windows.
+// bench_mlpg.cpp - MLPG speed of libUtils beside LAPACK's banded positive-
+// definite solver, on a 40-dimensional stream with static, delta and
+// acceleration windows.
 //
 // One iteration generates every dimension of 1,000 or 10,000 frames:
 //   Utils         HTS_PStream_mlpg per dimension, copying the track out;
@@ -21,8 +22,8 @@
 #include <string>
 #include <vector>
 
-#include "hts_pstream.h"
 #include "bench_runner.h"
+#include "hts_pstream.h"
 
 extern "C" {
 // Reference LAPACK, single precision; the trailing size_t is the Fortran
@@ -121,8 +122,8 @@ void utils_mlpg(benchmark::State &state) {
     benchmark::DoNotOptimize(out.data());
     benchmark::ClobberMemory();
   }
-  state.counters["frames_per_second"] =
-      benchmark::Counter(static_cast<double>(w.frames), benchmark::Counter::kIsIterationInvariantRate);
+  state.counters["frames_per_second"] = benchmark::Counter(
+      static_cast<double>(w.frames), benchmark::Counter::kIsIterationInvariantRate);
   state.counters["bytes_per_frame"] = w.bytes_per_frame;
 }
 
@@ -150,7 +151,8 @@ void lapack_solve_only(benchmark::State &state) {
   const int n = w.frames, kd = kBand, ldab = kBand + 1, nrhs = 1;
   const size_t band = static_cast<size_t>(n) * ldab;
   std::vector<float> bands(band * kDims), rhs(static_cast<size_t>(n) * kDims);
-  for (int m = 0; m < kDims; ++m) build_band(w.ps, m, &bands[band * m], &rhs[static_cast<size_t>(n) * m]);
+  for (int m = 0; m < kDims; ++m)
+    build_band(w.ps, m, &bands[band * m], &rhs[static_cast<size_t>(n) * m]);
   std::vector<float> ab(band), out(rhs.size());
   for (auto _ : state) {
     for (int m = 0; m < kDims; ++m) {
@@ -224,9 +226,10 @@ class RatioReporter : public benchmark::ConsoleReporter {
                   lapack, solve, lapack > 0 ? ours / lapack : 0.0, solve > 0 ? ours / solve : 0.0,
                   bytes_[entry.first]);
     }
-    std::printf("(best of the repetitions; frames per second over all %d dimensions; the "
-                "ratios are the same per dimension)\n",
-                kDims);
+    std::printf(
+        "(best of the repetitions; frames per second over all %d dimensions; the "
+        "ratios are the same per dimension)\n",
+        kDims);
   }
 
  private:

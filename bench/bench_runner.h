@@ -1,5 +1,6 @@
-// bench_runner.h - runs a benchmark program's registered benchmarks and, on the console,
-// hands the results to the program's own reporter, which adds ratio tables.
+// bench_runner.h - runs a benchmark program's registered benchmarks and, on the
+// console, hands the results to the program's own reporter, which adds ratio
+// tables.
 #ifndef UTILS_BENCH_BENCH_RUNNER_H
 #define UTILS_BENCH_BENCH_RUNNER_H
 

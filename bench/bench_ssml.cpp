@@ -30,14 +30,24 @@ std::string paragraph(int n) {
   std::string id = std::to_string(n);
   return "  <p xml:lang=\"en-US\">\n"
          "    <s>On <say-as interpret-as=\"date\" format=\"mdy\">10/19/2010</say-as> the\n"
-         "       <sub alias=\"World Wide Web Consortium\">W3C</sub> published version 1." + id + ".</s>\n"
+         "       <sub alias=\"World Wide Web Consortium\">W3C</sub> published version 1." +
+         id +
+         ".</s>\n"
          "    <s>Prices rose by <prosody rate=\"slow\" volume=\"loud\">3.5 %</prosody> &amp; fell\n"
-         "       again.<break time=\"300ms\"/> Item <say-as interpret-as=\"cardinal\">" + id + "</say-as>.</s>\n"
-         "    <s xml:lang=\"zh-CN\">\xE4\xBB\x8A\xE5\xA4\xA9\xE5\xA4\xA9\xE6\xB0\x94\xE5\xBE\x88\xE5\xA5\xBD"
-         "\xEF\xBC\x8C\xE6\x88\x91\xE4\xBB\xAC\xE5\x8E\xBB\xE5\x85\xAC\xE5\x9B\xAD\xE6\x95\xA3\xE6\xAD\xA5"
+         "       again.<break time=\"300ms\"/> Item <say-as interpret-as=\"cardinal\">" +
+         id +
+         "</say-as>.</s>\n"
+         "    <s "
+         "xml:lang=\"zh-CN\">"
+         "\xE4\xBB\x8A\xE5\xA4\xA9\xE5\xA4\xA9\xE6\xB0\x94\xE5\xBE\x88\xE5\xA5\xBD"
+         "\xEF\xBC\x8C\xE6\x88\x91\xE4\xBB\xAC\xE5\x8E\xBB\xE5\x85\xAC\xE5\x9B\xAD\xE6\x95\xA3\xE6"
+         "\xAD\xA5"
          "\xE3\x80\x82</s>\n"
-         "    <s>Caf\xC3\xA9 cr\xC3\xA8me \xC3\xA0 la fran\xC3\xA7" "aise, <emphasis level=\"strong\">s'il vous "
-         "pla\xC3\xAEt</emphasis>.<mark name=\"m" + id + "\"/></s>\n"
+         "    <s>Caf\xC3\xA9 cr\xC3\xA8me \xC3\xA0 la fran\xC3\xA7"
+         "aise, <emphasis level=\"strong\">s'il vous "
+         "pla\xC3\xAEt</emphasis>.<mark name=\"m" +
+         id +
+         "\"/></s>\n"
          "  </p>\n";
 }
 
@@ -45,7 +55,8 @@ const std::string &document() {
   static const std::string doc = [] {
     std::string d =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-        "<speak version=\"1.1\" xmlns=\"http://www.w3.org/2001/10/synthesis\" xml:lang=\"en-US\">\n";
+        "<speak version=\"1.1\" xmlns=\"http://www.w3.org/2001/10/synthesis\" "
+        "xml:lang=\"en-US\">\n";
     for (int n = 0; d.size() < 100 * 1024; ++n) d += paragraph(n);
     return d + "</speak>\n";
   }();
@@ -106,8 +117,8 @@ BENCHMARK(BM_Utt_LoadSsml)->Unit(benchmark::kMicrosecond);
 void BM_LibXml2_ReadMemory(benchmark::State &state) {
   const std::string &doc = document();
   for (auto _ : state) {
-    xmlDocPtr parsed = xmlReadMemory(doc.data(), static_cast<int>(doc.size()), "bench.ssml", nullptr,
-                                     XML_PARSE_NONET);
+    xmlDocPtr parsed = xmlReadMemory(doc.data(), static_cast<int>(doc.size()), "bench.ssml",
+                                     nullptr, XML_PARSE_NONET);
     benchmark::DoNotOptimize(parsed);
     xmlFreeDoc(parsed);
   }
@@ -126,7 +137,8 @@ double thread_cpu_us() {
 // text conversion, no string copies). This is what any loader must at least
 // pay the utterance model for the tree.
 void copy_shape(item *from, item *to) {
-  for (feature_pair *p = item_feats(from)->head; p != nullptr; p = p->next) item_set(to, p->name, p->value);
+  for (feature_pair *p = item_feats(from)->head; p != nullptr; p = p->next)
+    item_set(to, p->name, p->value);
   item *last = nullptr;
   for (item *d = item_daughter(from); d != nullptr; d = item_next(d)) {
     last = last != nullptr ? item_append(last, nullptr) : item_add_daughter(to, nullptr);
@@ -153,8 +165,8 @@ void BM_LoadBreakdown(benchmark::State &state) {
     double t2 = thread_cpu_us();
     mxmlDelete(tree);
     double t3 = thread_cpu_us();
-    xmlDocPtr parsed = xmlReadMemory(doc.data(), static_cast<int>(doc.size()), "bench.ssml", nullptr,
-                                     XML_PARSE_NONET);
+    xmlDocPtr parsed = xmlReadMemory(doc.data(), static_cast<int>(doc.size()), "bench.ssml",
+                                     nullptr, XML_PARSE_NONET);
     xmlFreeDoc(parsed);
     double t4 = thread_cpu_us();
     delete_utterance(u);

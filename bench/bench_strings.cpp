@@ -1,5 +1,5 @@
-// bench_strings.cpp - position-valued comparison against the C library's strcmp on long equal
-// prefixes: bsr_strcmp on bytes, bsr_wcscmp on 16-bit units.
+// bench_strings.cpp - position-valued comparison against the C library's strcmp
+// on long equal prefixes: bsr_strcmp on bytes, bsr_wcscmp on 16-bit units.
 #include <benchmark/benchmark.h>
 
 #include <cstring>

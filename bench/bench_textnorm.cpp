@@ -1,6 +1,6 @@
-// bench_textnorm.cpp - text normalisation speed: the replacer with the bundled English rule set
-// over about 1 MB of news-like text, against a bare RE2 scan of the same
-// text with the same patterns (every match found, nothing built).
+// bench_textnorm.cpp - text normalisation speed: the replacer with the bundled
+// English rule set over about 1 MB of news-like text, against a bare RE2 scan
+// of the same text with the same patterns (every match found, nothing built).
 #include <benchmark/benchmark.h>
 #include <mxml.h>
 #include <re2/re2.h>
@@ -74,8 +74,9 @@ class Filler {
   std::string two(int v) { return (v < 10 ? "0" : "") + std::to_string(v); }
 
   std::string fill(const std::string &kind) {
-    static const char *const months[] = {"Jan.", "February", "March", "April", "May", "June",
-                                         "July", "Aug.", "Sept.", "October", "Nov.", "December"};
+    static const char *const months[] = {"Jan.",  "February", "March", "April",
+                                         "May",   "June",     "July",  "Aug.",
+                                         "Sept.", "October",  "Nov.",  "December"};
     static const char *const titles[] = {"Dr.", "Mr.", "Mrs.", "Prof.", "Gov."};
     static const char *const units[] = {"km/h", "mph", "kg", "GB", "GHz", "km"};
     static const char *const ords[] = {"1st", "2nd", "3rd", "4th", "11th", "22nd"};
@@ -85,15 +86,23 @@ class Filler {
     if (kind == "pct") return std::to_string(num(1, 60)) + "%";
     if (kind == "money")
       return "$" + std::to_string(num(1, 900)) + (num(0, 1) ? "." + two(num(0, 99)) : " million");
-    if (kind == "date") return std::to_string(num(1990, 2030)) + "-" + two(num(1, 12)) + "-" + two(num(1, 28));
+    if (kind == "date")
+      return std::to_string(num(1990, 2030)) + "-" + two(num(1, 12)) + "-" + two(num(1, 28));
     if (kind == "usdate")
-      return std::to_string(num(1, 12)) + "/" + std::to_string(num(1, 28)) + "/" + std::to_string(num(1990, 2030));
-    if (kind == "mdate") return std::string(months[pick(12)]) + " " + std::to_string(num(1, 28)) + ", " +
-                                std::to_string(num(1990, 2030));
-    if (kind == "time") return std::to_string(num(1, 12)) + ":" + two(num(0, 59)) + (num(0, 1) ? " pm" : "");
-    if (kind == "phone") return "(555) " + std::to_string(num(200, 999)) + "-" + std::to_string(num(1000, 9999));
+      return std::to_string(num(1, 12)) + "/" + std::to_string(num(1, 28)) + "/" +
+             std::to_string(num(1990, 2030));
+    if (kind == "mdate")
+      return std::string(months[pick(12)]) + " " + std::to_string(num(1, 28)) + ", " +
+             std::to_string(num(1990, 2030));
+    if (kind == "time")
+      return std::to_string(num(1, 12)) + ":" + two(num(0, 59)) + (num(0, 1) ? " pm" : "");
+    if (kind == "phone")
+      return "(555) " + std::to_string(num(200, 999)) + "-" + std::to_string(num(1000, 9999));
     if (kind == "measure") return std::to_string(num(5, 140)) + " " + units[pick(6)];
-    if (kind == "temp") return "-" + std::to_string(num(1, 20)) + " \xC2\xB0" "C";
+    if (kind == "temp")
+      return "-" + std::to_string(num(1, 20)) +
+             " \xC2\xB0"
+             "C";
     if (kind == "ord") return ords[pick(6)];
     if (kind == "year") return std::to_string(num(1980, 2024));
     if (kind == "abbr") return titles[pick(5)];
@@ -155,8 +164,8 @@ size_t scan(const std::vector<std::unique_ptr<re2::RE2>> &patterns, const re2::S
   for (const auto &re : patterns) {
     std::vector<re2::StringPiece> groups(re->NumberOfCapturingGroups() + 1);
     size_t pos = 0;
-    while (pos <= text.size() &&
-           re->Match(text, pos, text.size(), re2::RE2::UNANCHORED, groups.data(), static_cast<int>(groups.size()))) {
+    while (pos <= text.size() && re->Match(text, pos, text.size(), re2::RE2::UNANCHORED,
+                                           groups.data(), static_cast<int>(groups.size()))) {
       ++matches;
       size_t end = static_cast<size_t>(groups[0].data() - text.data()) + groups[0].size();
       pos = end > pos ? end : pos + 1;
@@ -171,7 +180,9 @@ HReplacer *english_replacer() {
   return replacer;
 }
 
-mxml_node_t *parse(const std::string &xml) { return mxmlLoadString(nullptr, xml.c_str(), MXML_OPAQUE_CALLBACK); }
+mxml_node_t *parse(const std::string &xml) {
+  return mxmlLoadString(nullptr, xml.c_str(), MXML_OPAQUE_CALLBACK);
+}
 
 // CPU time of this thread: the ratio below should not depend on what else
 // the machine runs at the same time.

@@ -1,5 +1,6 @@
-// bench_unicode.cpp - UTF-8 <-> UTF-16 conversion speed of libUtils beside ICU's u_strFromUTF8 and
-// u_strToUTF8, on four generated texts of about 64 KB each.
+// bench_unicode.cpp - UTF-8 <-> UTF-16 conversion speed of libUtils beside
+// ICU's u_strFromUTF8 and u_strToUTF8, on four generated texts of about 64 KB
+// each.
 //
 // Both directions count the UTF-8 size of the text as the bytes processed, so
 // the figures of the two directions compare. After the runs a table gives
@@ -16,8 +17,8 @@
 #include <string>
 #include <vector>
 
-#include "bsr_unicode.h"
 #include "bench_runner.h"
+#include "bsr_unicode.h"
 
 namespace {
 
@@ -36,24 +37,22 @@ const std::vector<std::string> kEnglish = {
     "quickly", "number",  "people",    "between",  "through",   "another", "without", "evening"};
 
 const std::vector<std::string> kAccented = {
-    "le",        "la",       "de",         "et",        "une",      "que",      "und",
-    "der",       "die",      "el",         "los",       "para",     "com",      "uma",
-    "été",       "façade",   "garçon",     "élève",     "naïve",    "über",     "straße",
-    "mañana",    "coração",  "São",        "Ångström",  "øre",      "crème",    "brûlée",
-    "déjà",      "où",       "très",       "français",  "Künstler", "Größe",    "señor",
-    "pequeño",   "ação",     "não",        "informação", "année",   "fenêtre",  "hôpital",
-    "château",   "cœur",     "être",       "Mädchen",   "schön",    "Tür",      "año",
-    "canción",   "niño",     "música",     "café",      "città",    "perché",   "più",
-    "także",     "żółw",     "český",      "příliš",    "Ærø",      "fjørd",    "Zürich"};
+    "le",       "la",      "de",      "et",      "une",    "que",     "und",        "der",
+    "die",      "el",      "los",     "para",    "com",    "uma",     "été",        "façade",
+    "garçon",   "élève",   "naïve",   "über",    "straße", "mañana",  "coração",    "São",
+    "Ångström", "øre",     "crème",   "brûlée",  "déjà",   "où",      "très",       "français",
+    "Künstler", "Größe",   "señor",   "pequeño", "ação",   "não",     "informação", "année",
+    "fenêtre",  "hôpital", "château", "cœur",    "être",   "Mädchen", "schön",      "Tür",
+    "año",      "canción", "niño",    "música",  "café",   "città",   "perché",     "più",
+    "także",    "żółw",    "český",   "příliš",  "Ærø",    "fjørd",   "Zürich"};
 
 // Common Chinese words; the punctuation is added by the sentence maker.
 const std::vector<std::string> kChinese = {
-    "我们", "中国", "语音", "合成", "系统", "文本", "处理", "的",   "是",   "在",
-    "有",   "和",   "这个", "一个", "今天", "天气", "非常", "好",   "北京", "上海",
-    "时间", "问题", "发展", "经济", "社会", "人民", "工作", "学习", "研究", "技术",
-    "计算", "机器", "声音", "朗读", "句子", "词语", "音节", "声调", "重音", "停顿",
-    "可以", "需要", "已经", "因为", "所以", "但是", "如果", "虽然", "还是", "就是",
-    "世界", "国家", "城市", "地方", "朋友", "家庭", "学校", "老师", "学生", "电话"};
+    "我们", "中国", "语音", "合成", "系统", "文本", "处理", "的",   "是",   "在",   "有",   "和",
+    "这个", "一个", "今天", "天气", "非常", "好",   "北京", "上海", "时间", "问题", "发展", "经济",
+    "社会", "人民", "工作", "学习", "研究", "技术", "计算", "机器", "声音", "朗读", "句子", "词语",
+    "音节", "声调", "重音", "停顿", "可以", "需要", "已经", "因为", "所以", "但是", "如果", "虽然",
+    "还是", "就是", "世界", "国家", "城市", "地方", "朋友", "家庭", "学校", "老师", "学生", "电话"};
 
 // Emoji (four bytes in UTF-8, a surrogate pair in UTF-16) and a few
 // three-byte symbols that often go with them.
@@ -109,10 +108,19 @@ std::string mixed_text() {
   WordSource src(4);
   return make_text(src, " ", ", ", ".", [&]() -> std::string {
     switch (src.below(10)) {
-      case 0: case 1: case 2: return src.pick(kEnglish);
-      case 3: case 4: return src.pick(kAccented);
-      case 5: case 6: case 7: return src.pick(kChinese);
-      default: return src.pick(kEmoji);
+      case 0:
+      case 1:
+      case 2:
+        return src.pick(kEnglish);
+      case 3:
+      case 4:
+        return src.pick(kAccented);
+      case 5:
+      case 6:
+      case 7:
+        return src.pick(kChinese);
+      default:
+        return src.pick(kEmoji);
     }
   });
 }

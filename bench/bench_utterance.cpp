@@ -1,5 +1,6 @@
-// bench_utterance.cpp - utterance-model speed of libUtils beside the Edinburgh Speech Tools
-// (EST_Utterance, EST_Relation, EST_Item, EST_Features) doing the same work:
+// bench_utterance.cpp - utterance-model speed of libUtils beside the Edinburgh
+// Speech Tools (EST_Utterance, EST_Relation, EST_Item, EST_Features) doing the
+// same work:
 //   Build     an utterance with three relations of 10,000 items each, the
 //             second and third sharing the first one's contents, five
 //             features per item (three ints, two strings), then deleted;
@@ -56,7 +57,8 @@ size_t heap_in_use() {
 }
 
 const char *const kWordTexts[] = {"ni", "hao", "shi", "jie", "zhong", "guo", "ren", "min"};
-const bsr_wchar *const kWideTexts[] = {u"ni", u"hao", u"shi", u"jie", u"zhong", u"guo", u"ren", u"min"};
+const bsr_wchar *const kWideTexts[] = {u"ni",    u"hao", u"shi", u"jie",
+                                       u"zhong", u"guo", u"ren", u"min"};
 constexpr int kTexts = 8;
 
 // ---- Case 1: build and delete --------------------------------------------
@@ -127,9 +129,7 @@ void run_build(benchmark::State &state, Build build, Destroy destroy) {
   state.counters["bytes_per_item"] = static_cast<double>(peak) / items;
 }
 
-void BM_Build_Utils(benchmark::State &state) {
-  run_build(state, build_utils, delete_utterance);
-}
+void BM_Build_Utils(benchmark::State &state) { run_build(state, build_utils, delete_utterance); }
 
 void BM_Build_EST(benchmark::State &state) {
   run_build(state, build_est, [](EST_Utterance *u) { delete u; });
@@ -155,12 +155,16 @@ void BM_Features_Utils(benchmark::State &state) {
   for (auto _ : state) {
     features *f = new_features();
     for (int k = 0; k < n; ++k) {
-      if (k % 2 == 0) feat_set_int(f, names.text[k].c_str(), k);
-      else feat_set_wstring(f, names.text[k].c_str(), kWideTexts[k % kTexts]);
+      if (k % 2 == 0)
+        feat_set_int(f, names.text[k].c_str(), k);
+      else
+        feat_set_wstring(f, names.text[k].c_str(), kWideTexts[k % kTexts]);
     }
     for (int k = 0; k < n; ++k) {
-      if (k % 2 == 0) sum += feat_int(f, names.text[k].c_str());
-      else sum += feat_wstring(f, names.text[k].c_str())[0];
+      if (k % 2 == 0)
+        sum += feat_int(f, names.text[k].c_str());
+      else
+        sum += feat_wstring(f, names.text[k].c_str())[0];
     }
     delete_features(f);
   }
@@ -176,12 +180,16 @@ void BM_Features_EST(benchmark::State &state) {
   for (auto _ : state) {
     auto *f = new EST_Features;
     for (int k = 0; k < n; ++k) {
-      if (k % 2 == 0) f->set(names.est[k], k);
-      else f->set(names.est[k], texts.texts[k % kTexts]);
+      if (k % 2 == 0)
+        f->set(names.est[k], k);
+      else
+        f->set(names.est[k], texts.texts[k % kTexts]);
     }
     for (int k = 0; k < n; ++k) {
-      if (k % 2 == 0) sum += f->I(names.est[k]);
-      else sum += f->S(names.est[k])[0];
+      if (k % 2 == 0)
+        sum += f->I(names.est[k]);
+      else
+        sum += f->S(names.est[k])[0];
     }
     delete f;
   }
@@ -258,12 +266,18 @@ EST_Val est_ffeature(EST_Item *i, const char *path) {
     }
   for (int t = 0; t < count - 1 && i != nullptr; ++t) {
     const char *s = tokens[t];
-    if (std::strcmp(s, "n") == 0) i = inext(i);
-    else if (std::strcmp(s, "p") == 0) i = iprev(i);
-    else if (std::strcmp(s, "parent") == 0) i = parent(i);
-    else if (std::strcmp(s, "daughter") == 0) i = daughter1(i);
-    else if (std::strcmp(s, "R") == 0) i = i->as_relation(tokens[++t]);
-    else return EST_Val();
+    if (std::strcmp(s, "n") == 0)
+      i = inext(i);
+    else if (std::strcmp(s, "p") == 0)
+      i = iprev(i);
+    else if (std::strcmp(s, "parent") == 0)
+      i = parent(i);
+    else if (std::strcmp(s, "daughter") == 0)
+      i = daughter1(i);
+    else if (std::strcmp(s, "R") == 0)
+      i = i->as_relation(tokens[++t]);
+    else
+      return EST_Val();
   }
   if (i == nullptr) return EST_Val("0");
   return i->f(tokens[count - 1], EST_Val("0"));
@@ -325,6 +339,4 @@ class RatioReporter : public benchmark::ConsoleReporter {
 
 }  // namespace
 
-int main(int argc, char **argv) {
-  return bench::run_benchmarks<RatioReporter>(argc, argv);
-}
+int main(int argc, char **argv) { return bench::run_benchmarks<RatioReporter>(argc, argv); }

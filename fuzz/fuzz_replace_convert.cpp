@@ -1,7 +1,7 @@
-// fuzz_replace_convert.cpp - fuzzes the whole normalisation: input = rule-set text, a NUL byte, then an
-// SSML document (or plain text when it does not parse). The rules rewrite the
-// document, the converter turns the result into sub elements, and the tree
-// must still print.
+// fuzz_replace_convert.cpp - fuzzes the whole normalisation: input = rule-set
+// text, a NUL byte, then an SSML document (or plain text when it does not
+// parse). The rules rewrite the document, the converter turns the result into
+// sub elements, and the tree must still print.
 #include <mxml.h>
 
 #include <cstdint>
@@ -33,7 +33,7 @@ int refuse(const char *, CStr *out) {
 
 // Splits the number in the text, and refuses every other say-as.
 int say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
-          const char *detail) {
+           const char *detail) {
   if (interpret_as == nullptr || std::strcmp(interpret_as, "cardinal") != 0) return 1;
   CStr *sign = CStrCreate(0), *integer = CStrCreate(0), *fraction = CStrCreate(0);
   const char *point = format != nullptr ? format : ".";
@@ -67,7 +67,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const char *bytes = reinterpret_cast<const char *>(data);
   const char *nul = static_cast<const char *>(std::memchr(bytes, 0, size));
   size_t rules_size = nul != nullptr ? static_cast<size_t>(nul - bytes) : size;
-  std::string document = nul != nullptr ? std::string(nul + 1, size - rules_size - 1) : std::string();
+  std::string document =
+      nul != nullptr ? std::string(nul + 1, size - rules_size - 1) : std::string();
   document = document.c_str();  // up to an embedded NUL, as Mini-XML reads it
 
   HReplacer *replacer = HReplacer_create();

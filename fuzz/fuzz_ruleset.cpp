@@ -1,5 +1,5 @@
-// fuzz_ruleset.cpp - fuzzes rule-set loading: arbitrary bytes as a rule-set text, then the
-// loaded rules applied to a short fixed document.
+// fuzz_ruleset.cpp - fuzzes rule-set loading: arbitrary bytes as a rule-set
+// text, then the loaded rules applied to a short fixed document.
 #include <mxml.h>
 
 #include <cstdint>
@@ -24,8 +24,8 @@ int line_count(const uint8_t *data, size_t size) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > 1 << 16) return 0;
   HReplacer *replacer = HReplacer_create();
-  int rejected = HReplacer_addRuleSet(replacer, reinterpret_cast<const char *>(data),
-                                      static_cast<int>(size));
+  int rejected =
+      HReplacer_addRuleSet(replacer, reinterpret_cast<const char *>(data), static_cast<int>(size));
   if (rejected < 0 || rejected > line_count(data, size)) __builtin_trap();
   mxml_node_t *tree = mxmlLoadString(nullptr, kDocument, MXML_OPAQUE_CALLBACK);
   HReplacer_replace(replacer, tree);

@@ -1,6 +1,6 @@
-// fuzz_unicode.cpp - fuzzes both Unicode converters with arbitrary input and target sizes: the
-// output must end inside the target, stop where strict rules say, and
-// round-trip back to the part of the input that was converted.
+// fuzz_unicode.cpp - fuzzes both Unicode converters with arbitrary input and
+// target sizes: the output must end inside the target, stop where strict rules
+// say, and round-trip back to the part of the input that was converted.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -29,10 +29,14 @@ size_t utf8_length_at(const uint8_t *s, size_t n) {
   const unsigned b = s[0];
   unsigned len, lo = 0x80, hi = 0xBF;
   if (b < 0x80) return 1;
-  if (b >= 0xC2 && b <= 0xDF) len = 2;
-  else if (b >= 0xE0 && b <= 0xEF) len = 3;
-  else if (b >= 0xF0 && b <= 0xF4) len = 4;
-  else return 0;
+  if (b >= 0xC2 && b <= 0xDF)
+    len = 2;
+  else if (b >= 0xE0 && b <= 0xEF)
+    len = 3;
+  else if (b >= 0xF0 && b <= 0xF4)
+    len = 4;
+  else
+    return 0;
   if (b == 0xE0) lo = 0xA0;
   if (b == 0xED) hi = 0x9F;
   if (b == 0xF0) lo = 0x90;

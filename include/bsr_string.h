@@ -136,8 +136,8 @@ UTILS_API uint32_t bsr_wcstrim(bsr_wchar *s, const bsr_wchar *set);
  * dst (not overlapping src), writes the result and returns its length.
  * 0 when src, find or repl is null or find is empty. */
 UTILS_API uint32_t bsr_strrep(const char *src, const char *find, const char *repl, char *dst);
-UTILS_API uint32_t bsr_wcsrep(const bsr_wchar *src, const bsr_wchar *find,
-                              const bsr_wchar *repl, bsr_wchar *dst);
+UTILS_API uint32_t bsr_wcsrep(const bsr_wchar *src, const bsr_wchar *find, const bsr_wchar *repl,
+                              bsr_wchar *dst);
 
 /* ---- Numbers --------------------------------------------------------- */
 

@@ -25,7 +25,8 @@ UTILS_BEGIN_DECLS
  * split across a full target. dst is always terminated where conversion
  * stopped; the text before the stop is kept. A counted source may contain
  * zero bytes, which become zero units. Returns dst (null if dst is null). */
-UTILS_API bsr_wchar *bsr_UTF8ToUTF16(const char *src, uint32_t srclen, bsr_wchar *dst, uint32_t dstsize);
+UTILS_API bsr_wchar *bsr_UTF8ToUTF16(const char *src, uint32_t srclen, bsr_wchar *dst,
+                                     uint32_t dstsize);
 
 /* The reverse, with the same rules: a lone or unpaired surrogate stops the
  * conversion (so does a high surrogate that ends a counted source); a

@@ -25,8 +25,8 @@ typedef int (*ConvertFunc)(const char *text, CStr *out);
 /* Reads one say-as element: `text` is its text; the three attributes are
  * passed as written, null when absent. Appends the spoken form to `out` and
  * returns 0, or non-zero to leave the element unchanged. */
-typedef int (*SayAsFunc)(const char *text, CStr *out, const char *interpret_as,
-                         const char *format, const char *detail);
+typedef int (*SayAsFunc)(const char *text, CStr *out, const char *interpret_as, const char *format,
+                         const char *detail);
 
 typedef struct HConverter HConverter;
 
@@ -59,8 +59,8 @@ UTILS_API void HConverter_convert(HConverter *converter, mxml_node_t *node);
  * argument is null or text, decimal_point or group_separator is empty
  * (nothing is written), or the CStr error code of a failed append. */
 UTILS_API int SayAsCardinal(const char *text, const char *decimal_point,
-                            const char *group_separator, CStr *sign,
-                            CStr *integer_digits, CStr *fraction_digits);
+                            const char *group_separator, CStr *sign, CStr *integer_digits,
+                            CStr *fraction_digits);
 
 UTILS_END_DECLS
 

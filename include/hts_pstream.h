@@ -26,25 +26,25 @@ UTILS_BEGIN_DECLS
  * static dimension m. The caller writes `mean` and `ivar` and reads `par`;
  * the other arrays are the solver's own. */
 typedef struct PStream {
-  int vector_size;        /* entries per frame over all windows */
-  int vector_length;      /* static dimensions = vector_size / num_windows */
-  int length;             /* frames T; fixed at creation */
-  int alloc_length;       /* frame rows allocated (T) */
-  int width;              /* band width = 2 * max_half_width + 1 */
-  float *par;             /* [T] generated track of the dimension last solved */
-  int16_t **mean;         /* [T][vector_size] means */
-  uint16_t **ivar;        /* [T][vector_size] inverse variances */
-  float *g;               /* [T] work vector of the substitutions */
-  float **wuw;            /* [T][width] band of W'U^-1 W, then its factors:
-                             entry 0 the diagonal D, entries 1.. the row of L' */
-  float *wum;             /* [T] W'U^-1 mu */
-  int num_windows;        /* delta windows, the static one included */
-  int *win_l_width;       /* [num_windows] leftmost offset (<= 0); caller's */
-  int *win_r_width;       /* [num_windows] rightmost offset; caller's */
-  float **win_coefficient;/* [num_windows] coefficient arrays; caller's.
-                             Window w has win_r_width[w] - win_l_width[w] + 1
-                             coefficients; element 0 is the one for offset
-                             win_l_width[w]. */
+  int vector_size;         /* entries per frame over all windows */
+  int vector_length;       /* static dimensions = vector_size / num_windows */
+  int length;              /* frames T; fixed at creation */
+  int alloc_length;        /* frame rows allocated (T) */
+  int width;               /* band width = 2 * max_half_width + 1 */
+  float *par;              /* [T] generated track of the dimension last solved */
+  int16_t **mean;          /* [T][vector_size] means */
+  uint16_t **ivar;         /* [T][vector_size] inverse variances */
+  float *g;                /* [T] work vector of the substitutions */
+  float **wuw;             /* [T][width] band of W'U^-1 W, then its factors:
+                              entry 0 the diagonal D, entries 1.. the row of L' */
+  float *wum;              /* [T] W'U^-1 mu */
+  int num_windows;         /* delta windows, the static one included */
+  int *win_l_width;        /* [num_windows] leftmost offset (<= 0); caller's */
+  int *win_r_width;        /* [num_windows] rightmost offset; caller's */
+  float **win_coefficient; /* [num_windows] coefficient arrays; caller's.
+                              Window w has win_r_width[w] - win_l_width[w] + 1
+                              coefficients; element 0 is the one for offset
+                              win_l_width[w]. */
 } PStream;
 
 /* Creates a zero-filled stream of `length` frames. The three window arrays
@@ -62,8 +62,8 @@ typedef struct PStream {
  * a window offset beyond +-65536, or a negative vector_size, max_half_width
  * or length. A length of 0 gives a valid, empty stream. */
 UTILS_API PStream *PStream_Create(int num_windows, int *win_l_width, int *win_r_width,
-                                  float **win_coefficient, int vector_size,
-                                  int max_half_width, int length);
+                                  float **win_coefficient, int vector_size, int max_half_width,
+                                  int length);
 
 /* Frees the stream and every array it owns; the window arrays are left
  * alone. Null is ignored. */

@@ -34,7 +34,8 @@ UTILS_BEGIN_DECLS
  * its markup tree, rooted at the first "speak" element found depth first.
  * Returns 1 on success. Returns 0 and leaves the utterance unchanged when
  * Mini-XML rejects the text, when it holds other than exactly one root
- * element or no "speak" element, or when an argument is null. Parse errors are not printed or reported beyond the result. */
+ * element or no "speak" element, or when an argument is null. Parse errors are not printed or
+ * reported beyond the result. */
 UTILS_API int utt_load_ssml(utterance *u, const char *ssml);
 
 /* Builds the "ssml" relation from a Mini-XML tree, as utt_load_ssml does

@@ -23,14 +23,14 @@ UTILS_BEGIN_DECLS
 
 /* One (name, value) pair. */
 typedef struct feature_pair {
-    char *name;                /* owned, local allocator */
-    val *value;                /* counted: the set holds one reference */
-    struct feature_pair *next;
+  char *name; /* owned, local allocator */
+  val *value; /* counted: the set holds one reference */
+  struct feature_pair *next;
 } feature_pair;
 
 struct features {
-    feature_pair *head; /* newest pair first; null when empty */
-    bsr_heap *heap;     /* where the record and pairs live; null: local allocator */
+  feature_pair *head; /* newest pair first; null when empty */
+  bsr_heap *heap;     /* where the record and pairs live; null: local allocator */
 };
 
 /* New empty set on the local allocator; null if memory is exhausted. */

@@ -46,34 +46,34 @@ typedef val *(*itemfunc)(item *i);
 
 /* An atom: type code, count, then one payload word. */
 typedef struct val_atom {
-    int16_t type;      /* odd: 2 * row of bsr_val_defs + 1 */
-    int16_t ref_count; /* 0 when fresh, -1 for a constant */
-    union {
-        int32_t i;     /* "int" */
-        float f;       /* "float" */
-        void *p;       /* strings and typed pointers */
-    } payload;
+  int16_t type;      /* odd: 2 * row of bsr_val_defs + 1 */
+  int16_t ref_count; /* 0 when fresh, -1 for a constant */
+  union {
+    int32_t i; /* "int" */
+    float f;   /* "float" */
+    void *p;   /* strings and typed pointers */
+  } payload;
 } val_atom;
 
 /* A cons: two cell pointers. */
 typedef struct val_cons {
-    val *car;
-    val *cdr;
+  val *car;
+  val *cdr;
 } val_cons;
 
 struct val {
-    union {
-        val_atom atom;
-        val_cons cons;
-    } c;
+  union {
+    val_atom atom;
+    val_cons cons;
+  } c;
 };
 
 /* One row of the type table: the type's name and what releasing the last
  * reference does to the payload (null: nothing beyond freeing the cell,
  * except that a "wstring" frees its string). */
 typedef struct bsr_val_def {
-    const char *name;
-    void (*delete_function)(void *payload);
+  const char *name;
+  void (*delete_function)(void *payload);
 } bsr_val_def;
 
 /* Type codes of the atoms. A type code is 2 * index + 1 where index is the
@@ -103,17 +103,14 @@ UTILS_API extern const int32_t bsr_val_type_features;  /* 25 */
 
 /* Constant integer atoms 0..60, laid out consecutively in read-only memory
  * (val_int_0 + n is val_int_n inside the library image). Never freed. */
-UTILS_API extern const val val_int_0, val_int_1, val_int_2, val_int_3, val_int_4,
-    val_int_5, val_int_6, val_int_7, val_int_8, val_int_9, val_int_10, val_int_11,
-    val_int_12, val_int_13, val_int_14, val_int_15, val_int_16, val_int_17,
-    val_int_18, val_int_19, val_int_20, val_int_21, val_int_22, val_int_23,
-    val_int_24, val_int_25, val_int_26, val_int_27, val_int_28, val_int_29,
-    val_int_30, val_int_31, val_int_32, val_int_33, val_int_34, val_int_35,
-    val_int_36, val_int_37, val_int_38, val_int_39, val_int_40, val_int_41,
-    val_int_42, val_int_43, val_int_44, val_int_45, val_int_46, val_int_47,
-    val_int_48, val_int_49, val_int_50, val_int_51, val_int_52, val_int_53,
-    val_int_54, val_int_55, val_int_56, val_int_57, val_int_58, val_int_59,
-    val_int_60;
+UTILS_API extern const val val_int_0, val_int_1, val_int_2, val_int_3, val_int_4, val_int_5,
+    val_int_6, val_int_7, val_int_8, val_int_9, val_int_10, val_int_11, val_int_12, val_int_13,
+    val_int_14, val_int_15, val_int_16, val_int_17, val_int_18, val_int_19, val_int_20, val_int_21,
+    val_int_22, val_int_23, val_int_24, val_int_25, val_int_26, val_int_27, val_int_28, val_int_29,
+    val_int_30, val_int_31, val_int_32, val_int_33, val_int_34, val_int_35, val_int_36, val_int_37,
+    val_int_38, val_int_39, val_int_40, val_int_41, val_int_42, val_int_43, val_int_44, val_int_45,
+    val_int_46, val_int_47, val_int_48, val_int_49, val_int_50, val_int_51, val_int_52, val_int_53,
+    val_int_54, val_int_55, val_int_56, val_int_57, val_int_58, val_int_59, val_int_60;
 
 /* ---- Makers (new cell, ref_count 0, allocation not checked) ---------- */
 

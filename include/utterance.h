@@ -23,33 +23,33 @@
 UTILS_BEGIN_DECLS
 
 struct utterance {
-    struct features *features;   /* features of the whole utterance */
-    struct features *ffunctions; /* feature-function name -> "ffunc" value */
-    struct features *relations;  /* relation name -> "relation" value */
-    bsr_heap *heap;              /* private heap of every record below */
+  struct features *features;   /* features of the whole utterance */
+  struct features *ffunctions; /* feature-function name -> "ffunc" value */
+  struct features *relations;  /* relation name -> "relation" value */
+  bsr_heap *heap;              /* private heap of every record below */
 };
 
 struct relation {
-    char *name;                  /* owned, local allocator */
-    struct features *features;   /* on the utterance's heap */
-    struct utterance *utterance; /* owner */
-    struct item *head;           /* first top-level item, or null */
-    struct item *tail;           /* last top-level item, or null */
+  char *name;                  /* owned, local allocator */
+  struct features *features;   /* on the utterance's heap */
+  struct utterance *utterance; /* owner */
+  struct item *head;           /* first top-level item, or null */
+  struct item *tail;           /* last top-level item, or null */
 };
 
 /* What the items of one object share across relations. */
 typedef struct item_contents {
-    struct features *features;  /* the object's features */
-    struct features *relations; /* relation name -> "item" value: its item there */
+  struct features *features;  /* the object's features */
+  struct features *relations; /* relation name -> "item" value: its item there */
 } item_contents;
 
 struct item {
-    item_contents *contents;
-    struct relation *relation;
-    struct item *next;
-    struct item *prev;
-    struct item *up;   /* the parent, on a first daughter only */
-    struct item *down; /* first daughter */
+  item_contents *contents;
+  struct relation *relation;
+  struct item *next;
+  struct item *prev;
+  struct item *up;   /* the parent, on a first daughter only */
+  struct item *down; /* first daughter */
 };
 
 /* ---- Utterances -------------------------------------------------------- */

@@ -1,5 +1,5 @@
-// dsp_table_data.h - the constant data behind the DSP lookup accessors. The definitions are
-// written by make_dsp_tables at build time into the build tree.
+// dsp_table_data.h - the constant data behind the DSP lookup accessors. The
+// definitions are written by make_dsp_tables at build time into the build tree.
 #ifndef UTILS_HMM_DSP_TABLE_DATA_H
 #define UTILS_HMM_DSP_TABLE_DATA_H
 

@@ -1,5 +1,5 @@
-// dsp_tables.cpp - the exported DSP lookup accessors: one load each from the constant tables
-// that the build generates (see make_dsp_tables.cc).
+// dsp_tables.cpp - the exported DSP lookup accessors: one load each from the
+// constant tables that the build generates (see make_dsp_tables.cc).
 #include "dsp_tables.h"
 
 #include "Hmm/dsp_table_data.h"

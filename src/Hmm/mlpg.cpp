@@ -1,6 +1,6 @@
-// mlpg.cpp - maximum-likelihood parameter generation for one dimension of a stream:
-// builds the band system W'U^-1 W c = W'U^-1 mu, factorises it as L D L'
-// and solves it, all in single precision.
+// mlpg.cpp - maximum-likelihood parameter generation for one dimension of a
+// stream: builds the band system W'U^-1 W c = W'U^-1 mu, factorises it as L D
+// L' and solves it, all in single precision.
 //
 // The steps run fused in one pass over the frames (row t is built, then
 // factorised, then forward-substituted, since each needs only rows up to t),
@@ -204,10 +204,18 @@ UTILS_API void HTS_PStream_mlpg(PStream *ps, int m) {
   Plan plan;
   const Plan *use = utils::hmm::make_plan(ps, m, &plan) ? &plan : nullptr;
   switch (ps->width) {
-    case 1: generate_planned<1>(ps, m, frames, use); break;
-    case 3: generate_planned<3>(ps, m, frames, use); break;
-    case 5: generate_planned<5>(ps, m, frames, use); break;
-    default: generate_any(ps, m, frames, use); break;
+    case 1:
+      generate_planned<1>(ps, m, frames, use);
+      break;
+    case 3:
+      generate_planned<3>(ps, m, frames, use);
+      break;
+    case 5:
+      generate_planned<5>(ps, m, frames, use);
+      break;
+    default:
+      generate_any(ps, m, frames, use);
+      break;
   }
 }
 

@@ -1,5 +1,5 @@
-// mlpg_plan.cpp - turns a stream's delta windows into the list of non-zero products that
-// build a row of the MLPG band matrix (see mlpg_plan.h).
+// mlpg_plan.cpp - turns a stream's delta windows into the list of non-zero
+// products that build a row of the MLPG band matrix (see mlpg_plan.h).
 #include "Hmm/mlpg_plan.h"
 
 namespace utils::hmm {

@@ -1,5 +1,6 @@
-// mlpg_plan.h - the windows of a stream turned into a list of the non-zero products that
-// build one row of W'U^-1 W, so the per-frame loop does no window search.
+// mlpg_plan.h - the windows of a stream turned into a list of the non-zero
+// products that build one row of W'U^-1 W, so the per-frame loop does no window
+// search.
 #ifndef UTILS_HMM_MLPG_PLAN_H
 #define UTILS_HMM_MLPG_PLAN_H
 
@@ -11,16 +12,16 @@ namespace utils::hmm {
 // frame t takes statistics from frame t + s. Its band terms are the j with
 // j - s inside the window and c(j - s) != 0, in increasing j.
 struct Shift {
-  int entry;        // index into a frame's mean/ivar row: w * vector_length + m
-  int s;            // frame offset
-  float centre;     // c(-s)
-  int first_term;   // first of this shift's band terms
-  int end_term;     // one past its last
+  int entry;       // index into a frame's mean/ivar row: w * vector_length + m
+  int s;           // frame offset
+  float centre;    // c(-s)
+  int first_term;  // first of this shift's band terms
+  int end_term;    // one past its last
 };
 
 struct BandTerm {
-  int j;            // band column, 0 <= j < width
-  float c;          // c(j - s)
+  int j;    // band column, 0 <= j < width
+  float c;  // c(j - s)
 };
 
 // The same terms gathered by band column: column j's sum takes, in shift
@@ -39,8 +40,8 @@ constexpr int kMaxColumns = 48;
 
 struct Plan {
   Shift shifts[kMaxShifts];
-  BandTerm terms[kMaxTerms];        // by shift
-  ColumnTerm columns[kMaxTerms];    // by column
+  BandTerm terms[kMaxTerms];      // by shift
+  ColumnTerm columns[kMaxTerms];  // by column
   int column_begin[kMaxColumns + 1];
   int num_shifts;
   int num_columns;  // columns up to the last one any term reaches

@@ -1,5 +1,6 @@
-// mlpg_rows.h - building one row of the MLPG band system: row t of W'U^-1 W and entry t
-// of W'U^-1 mu, summed in window, shift, band order in single precision.
+// mlpg_rows.h - building one row of the MLPG band system: row t of W'U^-1 W and
+// entry t of W'U^-1 mu, summed in window, shift, band order in single
+// precision.
 #ifndef UTILS_HMM_MLPG_ROWS_H
 #define UTILS_HMM_MLPG_ROWS_H
 

@@ -1,7 +1,7 @@
-// mlpg_tap3.h - row building for the common case of windows that reach at most one frame
-// either side (static, delta and acceleration windows of three taps) with a
-// band of width 3: the same sums as the general plan, with the three frames'
-// rows fetched once and the window loop written out shift by shift.
+// mlpg_tap3.h - row building for the common case of windows that reach at most
+// one frame either side (static, delta and acceleration windows of three taps)
+// with a band of width 3: the same sums as the general plan, with the three
+// frames' rows fetched once and the window loop written out shift by shift.
 #ifndef UTILS_HMM_MLPG_TAP3_H
 #define UTILS_HMM_MLPG_TAP3_H
 
@@ -41,8 +41,10 @@ inline bool make_tap3_plan(const PStream *ps, int m, Tap3Plan *plan) {
 // Row t (0 < t < frames - 1) into row[0..2]; returns W'U^-1 mu. Shift s
 // draws on frame t + s with centre c(-s) and adds c(j - s) to column j.
 inline float build_row_tap3(const PStream *ps, const Tap3Plan &plan, int t, float *row) {
-  const int16_t *mean_prev = ps->mean[t - 1], *mean_here = ps->mean[t], *mean_next = ps->mean[t + 1];
-  const uint16_t *ivar_prev = ps->ivar[t - 1], *ivar_here = ps->ivar[t], *ivar_next = ps->ivar[t + 1];
+  const int16_t *mean_prev = ps->mean[t - 1], *mean_here = ps->mean[t],
+                *mean_next = ps->mean[t + 1];
+  const uint16_t *ivar_prev = ps->ivar[t - 1], *ivar_here = ps->ivar[t],
+                 *ivar_next = ps->ivar[t + 1];
   float wum = 0.0f, b0 = 0.0f, b1 = 0.0f, b2 = 0.0f;
   for (int w = 0; w < plan.num_windows; ++w) {
     const Tap3Window &v = plan.windows[w];

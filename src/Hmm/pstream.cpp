@@ -1,5 +1,5 @@
-// pstream.cpp - creation and release of a parameter stream: the record, its per-frame rows
-// and work vectors, all zero-filled from the local allocator.
+// pstream.cpp - creation and release of a parameter stream: the record, its
+// per-frame rows and work vectors, all zero-filled from the local allocator.
 #include "hts_pstream.h"
 
 #include <cstdint>
@@ -60,8 +60,8 @@ bool windows_usable(int num_windows, const int *left, const int *right, float *c
 extern "C" {
 
 UTILS_API PStream *PStream_Create(int num_windows, int *win_l_width, int *win_r_width,
-                                  float **win_coefficient, int vector_size,
-                                  int max_half_width, int length) {
+                                  float **win_coefficient, int vector_size, int max_half_width,
+                                  int length) {
   if (!windows_usable(num_windows, win_l_width, win_r_width, win_coefficient)) return nullptr;
   if (vector_size < 0 || max_half_width < 0 || length < 0) return nullptr;
   int64_t width = 2 * static_cast<int64_t>(max_half_width) + 1;

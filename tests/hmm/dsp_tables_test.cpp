@@ -1,5 +1,5 @@
-// dsp_tables_test.cpp - the DSP lookup tables: every entry against the formula that defines it,
-// and the random-phase table held fixed.
+// dsp_tables_test.cpp - the DSP lookup tables: every entry against the formula
+// that defines it, and the random-phase table held fixed.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,5 +1,6 @@
-// mlpg_test.cpp - streams and parameter generation: tracks against an independent double-precision solver
-// and, bit for bit, against the four steps run one after the other, on every window shape.
+// mlpg_test.cpp - streams and parameter generation: tracks against an
+// independent double-precision solver and, bit for bit, against the four steps
+// run one after the other, on every window shape.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -30,7 +31,9 @@ struct Windows {
     return pointers.data();
   }
   // Static; delta -0.5, 0, 0.5; acceleration 1, -2, 1.
-  static Windows usual() { return Windows().add(0, {1}).add(-1, {-0.5f, 0, 0.5f}).add(-1, {1, -2, 1}); }
+  static Windows usual() {
+    return Windows().add(0, {1}).add(-1, {-0.5f, 0, 0.5f}).add(-1, {1, -2, 1});
+  }
 };
 
 struct Stream {
@@ -48,7 +51,10 @@ struct Stream {
   Stream(const Stream &) = delete;
 
   std::vector<float> track() const { return std::vector<float>(ps->par, ps->par + ps->length); }
-  std::vector<float> generate(int m) { HTS_PStream_mlpg(ps, m); return track(); }
+  std::vector<float> generate(int m) {
+    HTS_PStream_mlpg(ps, m);
+    return track();
+  }
   // Statistics of the size quantised models give, inverse variances 1..2000.
   void fill_random(uint32_t seed) {
     std::mt19937 rng(seed);
@@ -71,9 +77,12 @@ double coefficient(const PStream *ps, int w, int k) {
 // frame's window rows, by banded Cholesky. Empty when not positive definite.
 std::vector<double> reference_track(const PStream *ps, int m) {
   int n = ps->length, p = 0;
-  for (int w = 0; w < ps->num_windows; ++w) p = std::max(p, ps->win_r_width[w] - ps->win_l_width[w]);
+  for (int w = 0; w < ps->num_windows; ++w)
+    p = std::max(p, ps->win_r_width[w] - ps->win_l_width[w]);
   std::vector<double> band(static_cast<size_t>(n) * (p + 1), 0.0), x(n, 0.0);
-  auto a = [&](int i, int j) -> double & { return band[static_cast<size_t>(i) * (p + 1) + (j - i)]; };
+  auto a = [&](int i, int j) -> double & {
+    return band[static_cast<size_t>(i) * (p + 1) + (j - i)];
+  };
   for (int tau = 0; tau < n; ++tau)
     for (int w = 0; w < ps->num_windows; ++w) {
       const int e = w * ps->vector_length + m;
@@ -206,7 +215,13 @@ TEST(Mlpg, TracksForEveryWindowShapeAndLength) {
   for (int w = 1; w < 9; ++w) nine.add(-1, {0.1f * w, -0.3f, 0.05f * w});
   // half: the band's half-width (-1: what the windows need); least_squares false: the
   // windows are not centred and only the stated steps are compared.
-  struct Case { const char *name; Windows windows; int half; std::vector<int> frames; bool least_squares; };
+  struct Case {
+    const char *name;
+    Windows windows;
+    int half;
+    std::vector<int> frames;
+    bool least_squares;
+  };
   Case cases[] = {
       {"usual", Windows::usual(), -1, {1, 2, 3, 4, 5, 8, 31, 200, 1000}, true},
       {"static alone", Windows().add(0, {1}), -1, {1, 6}, true},
@@ -214,14 +229,27 @@ TEST(Mlpg, TracksForEveryWindowShapeAndLength) {
       {"usual in a band of 7", Windows::usual(), 3, {1, 40}, true},
       {"five taps, reaching past both ends", polynomial(2), -1, {1, 2, 3, 4, 5, 6, 50}, true},
       {"31 taps, too many for a plan", polynomial(15), -1, {5, 40}, true},
-      {"forward difference padded to the centre", Windows().add(0, {1}).add(-1, {0, -1, 1}), -1,
-       {1, 2, 7}, true},
+      {"forward difference padded to the centre",
+       Windows().add(0, {1}).add(-1, {0, -1, 1}),
+       -1,
+       {1, 2, 7},
+       true},
       {"nine three-tap windows", nine, -1, {1, 3, 60}, true},
-      {"one-sided, not padded", Windows().add(0, {1}).add(0, {-1, 1}).add(-2, {1, -2, 1}), -1,
-       {1, 2, 3, 9}, false},
+      {"one-sided, not padded",
+       Windows().add(0, {1}).add(0, {-1, 1}).add(-2, {1, -2, 1}),
+       -1,
+       {1, 2, 3, 9},
+       false},
       {"three taps of every shape",
-       Windows().add(0, {1}).add(0, {-1, 1}).add(-1, {1, -1}).add(-1, {0, -1, 1}).add(-1, {0.25f, 0.5f, 0}),
-       -1, {1, 2, 3, 40}, false},
+       Windows()
+           .add(0, {1})
+           .add(0, {-1, 1})
+           .add(-1, {1, -1})
+           .add(-1, {0, -1, 1})
+           .add(-1, {0.25f, 0.5f, 0}),
+       -1,
+       {1, 2, 3, 40},
+       false},
       {"five taps in a band of 3", polynomial(2), 1, {1, 4, 30}, false},
   };
   uint32_t seed = 1;

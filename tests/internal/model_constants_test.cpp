@@ -1,5 +1,5 @@
-// model_constants_test.cpp - inside the library image: the integer constants lie one after another, and
-// the unexported string constants are what they say.
+// model_constants_test.cpp - inside the library image: the integer constants
+// lie one after another, and the unexported string constants are what they say.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,5 +1,6 @@
-// private_heap_test.cpp - the private heap: zero-filled blocks, reuse through the size-class lists,
-// large blocks, and release of everything at destruction (LeakSanitizer).
+// private_heap_test.cpp - the private heap: zero-filled blocks, reuse through
+// the size-class lists, large blocks, and release of everything at destruction
+// (LeakSanitizer).
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -40,7 +41,8 @@ TEST(PrivateHeap, FreedBlocksAreReusedAndZeroedAgain) {
 TEST(PrivateHeap, LargeBlocksCanBeFreedOneByOne) {
   bsr_heap *h = utils::text::heap_create();
   size_t before = utils::text::heap_footprint(h);
-  void *a = utils::text::heap_alloc(h, 5000), *b = utils::text::heap_alloc(h, 6000), *c = utils::text::heap_alloc(h, 7000);
+  void *a = utils::text::heap_alloc(h, 5000), *b = utils::text::heap_alloc(h, 6000),
+       *c = utils::text::heap_alloc(h, 7000);
   utils::text::heap_free(h, b);
   utils::text::heap_free(h, a);
   utils::text::heap_free(h, c);

@@ -29,7 +29,8 @@ void *load_save_convert(void *siblings) {
   Utt utt;
   EXPECT_EQ(utt.load("<speak>" + doc + "</speak>"), 1);
   std::string saved = std::regex_replace(doc, std::regex("<(?!/)"), "\n<");
-  EXPECT_EQ(utt.save(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n\n<speak>" + saved + "</speak>");
+  EXPECT_EQ(utt.save(),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n\n<speak>" + saved + "</speak>");
   mxml_node_t *xml = utt_to_xml(utt.u);
   Utt copy;
   utt_load_xml(copy.u, xml);
@@ -40,10 +41,12 @@ void *load_save_convert(void *siblings) {
   }
   item *deepest = utt.root();
   while (item_daughter(deepest) != nullptr) deepest = item_daughter(deepest);
-  EXPECT_EQ(utt_walk_next(deepest, utt.root(), 1), siblings ? item_next(item_parent(deepest)) : nullptr);
+  EXPECT_EQ(utt_walk_next(deepest, utt.root(), 1),
+            siblings ? item_next(item_parent(deepest)) : nullptr);
   EXPECT_EQ(GetItemAncestor(deepest, u"speak"), utt.root());
   // Equal tags by the 100,000: whatever sharing the loader does keeps each 16-bit count in range.
-  for (item *w = item_daughter(utt.root()); w != nullptr; w = item_next(w)) EXPECT_GT(item_feat(w, "tag")->c.atom.ref_count, 0);
+  for (item *w = item_daughter(utt.root()); w != nullptr; w = item_next(w))
+    EXPECT_GT(item_feat(w, "tag")->c.atom.ref_count, 0);
   return nullptr;
 }
 

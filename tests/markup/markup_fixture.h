@@ -22,7 +22,8 @@ namespace markup_test {
 inline std::string utf8(const bsr_wchar *s) {
   std::u16string w = s != nullptr ? s : u"";
   std::string out(w.size() * 3 + 1, '\0');
-  bsr_UTF16ToUTF8(w.c_str(), static_cast<uint32_t>(w.size()), &out[0], static_cast<uint32_t>(out.size()));
+  bsr_UTF16ToUTF8(w.c_str(), static_cast<uint32_t>(w.size()), &out[0],
+                  static_cast<uint32_t>(out.size()));
   return out.c_str();
 }
 
@@ -41,7 +42,8 @@ inline std::vector<std::vector<std::string>> read_cases(const std::string &name)
   std::istringstream in(read_file("data/markup/" + name));
   for (std::string line; std::getline(in, line);) {
     if (line != "----" && line != "==") cases.back().back() += line + "\n";
-    if (line == "----" || line == "==") end_field(), line == "==" ? cases.back().push_back("") : cases.push_back({""});
+    if (line == "----" || line == "==")
+      end_field(), line == "==" ? cases.back().push_back("") : cases.push_back({""});
   }
   end_field();
   EXPECT_GT(cases.size(), 1u) << name;
@@ -54,10 +56,13 @@ inline std::string describe(const item *i) {
   if (!item_feat_present(i, "tag")) return "\"" + utf8(item_feat_wstring(i, "text")) + "\"";
   std::string out = utf8(item_feat_wstring(i, "tag")), attrs;
   for (feature_pair *p = item_feats(i)->head; p != nullptr; p = p->next) {
-    if (std::string(p->name) != "tag") attrs += (attrs.empty() ? "" : ",") + std::string(p->name) + "=" + utf8(val_wstring(p->value));
+    if (std::string(p->name) != "tag")
+      attrs +=
+          (attrs.empty() ? "" : ",") + std::string(p->name) + "=" + utf8(val_wstring(p->value));
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
-  for (const item *d = item_daughter(i); d != nullptr; d = item_next(d)) out += (d == item_daughter(i) ? "(" : ",") + describe(d);
+  for (const item *d = item_daughter(i); d != nullptr; d = item_next(d))
+    out += (d == item_daughter(i) ? "(" : ",") + describe(d);
   return item_daughter(i) != nullptr ? out + ")" : out;
 }
 
@@ -72,7 +77,8 @@ F mxml_fn(const char *name) {
 
 // A Mini-XML node in the form of describe().
 inline std::string describe(mxml_node_t *node) {
-  if (MX(mxmlGetType)(node) == MXML_OPAQUE) return "\"" + std::string(MX(mxmlGetOpaque)(node)) + "\"";
+  if (MX(mxmlGetType)(node) == MXML_OPAQUE)
+    return "\"" + std::string(MX(mxmlGetOpaque)(node)) + "\"";
   std::string out = MX(mxmlGetElement)(node), attrs;
   for (int k = 0; k < MX(mxmlElementGetAttrCount)(node); ++k) {
     const char *name = nullptr, *value = MX(mxmlElementGetAttrByIndex)(node, k, &name);
@@ -80,7 +86,8 @@ inline std::string describe(mxml_node_t *node) {
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
   mxml_node_t *first = MX(mxmlGetFirstChild)(node);
-  for (mxml_node_t *c = first; c != nullptr; c = MX(mxmlGetNextSibling)(c)) out += (c == first ? "(" : ",") + describe(c);
+  for (mxml_node_t *c = first; c != nullptr; c = MX(mxmlGetNextSibling)(c))
+    out += (c == first ? "(" : ",") + describe(c);
   return first != nullptr ? out + ")" : out;
 }
 
@@ -100,7 +107,9 @@ struct Utt {
 };
 
 // First item below `top` (document order) whose tag is `tag`.
-inline item *find_tag(item *top, const char16_t *tag) { return utt_walk_next_tag(top, top, 1, tag); }
+inline item *find_tag(item *top, const char16_t *tag) {
+  return utt_walk_next_tag(top, top, 1, tag);
+}
 
 }  // namespace markup_test
 

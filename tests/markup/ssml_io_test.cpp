@@ -1,5 +1,6 @@
-// ssml_io_test.cpp - SSML text into the "ssml" relation and back out: tree shape,
-// decoded text, exact saved bytes, Mini-XML trees both ways, rejected documents.
+// ssml_io_test.cpp - SSML text into the "ssml" relation and back out: tree
+// shape, decoded text, exact saved bytes, Mini-XML trees both ways, rejected
+// documents.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -48,7 +49,8 @@ TEST(SsmlIo, RealisticDocumentWithBomDeclarationAndEntities) {
   Utt first, second;
   ASSERT_EQ(first.load(doc), 1);
   ASSERT_EQ(second.load(first.save()), 1);
-  std::string reloaded = std::regex_replace(second.tree(), std::regex("([(,])\"\n\",(?=[a-z])"), "$1");
+  std::string reloaded =
+      std::regex_replace(second.tree(), std::regex("([(,])\"\n\",(?=[a-z])"), "$1");
   EXPECT_EQ(std::regex_replace(reloaded, std::regex("\n\",(?=[a-z])"), "\","), first.tree());
 }
 
@@ -90,14 +92,19 @@ TEST(SsmlIo, EditedTreesAndRepeatedLoads) {
   item *extra = relation_append(utt_relation(utt.u, "ssml"), nullptr);
   item_set_wstring(extra, "tag", u"speak");
   // Later features first; numbers printed by the saver, empty in Mini-XML (first item only).
-  EXPECT_EQ(utt.save(), kDecl + "\n<speak>\n<s name=\"caf\xC3\xA9\" break=\"3\" xml:lang=\"en\">a</s></speak>\n<speak/>");
+  EXPECT_EQ(
+      utt.save(),
+      kDecl +
+          "\n<speak>\n<s name=\"caf\xC3\xA9\" break=\"3\" xml:lang=\"en\">a</s></speak>\n<speak/>");
   mxml_node_t *doc = utt_to_xml(utt.u);
   EXPECT_EQ(describe(doc), kDeclNode + "(speak(s[name=caf\xC3\xA9,break=,xml:lang=en](\"a\")))");
   mxmlRelease(doc);
 }
 
 TEST(SsmlIo, CallersMiniXmlTrees) {
-  const char *doc = "<?xml version=\"1.0\"?><speak xml:lang=\"fr\"><s>Bonjour <mark name=\"m\"/>Paris</s></speak>";
+  const char *doc =
+      "<?xml version=\"1.0\"?><speak xml:lang=\"fr\"><s>Bonjour <mark "
+      "name=\"m\"/>Paris</s></speak>";
   mxml_node_t *tree = MX(mxmlLoadString)(nullptr, doc, MX(mxml_opaque_cb));
   ASSERT_NE(tree, nullptr) << "libmxml.so.1 (from libmxml-dev) is needed";
   std::string before = describe(tree);
@@ -124,8 +131,9 @@ TEST(SsmlIo, OnlyMxmlReleaseIsExported) {
   Dl_info info;
   ASSERT_NE(dladdr(dlsym(RTLD_DEFAULT, "mxmlRelease"), &info), 0);
   EXPECT_NE(std::string(info.dli_fname).find("libUtils"), std::string::npos) << info.dli_fname;
-  for (const char *hidden : {"mxmlLoadString", "mxmlDelete", "mxmlNewElement", "mxmlNewXML", "mxmlFindElement",
-                             "mxmlElementSetAttr", "mxmlGetOpaque", "mxmlRetain", "mxml_opaque_cb"})
+  for (const char *hidden :
+       {"mxmlLoadString", "mxmlDelete", "mxmlNewElement", "mxmlNewXML", "mxmlFindElement",
+        "mxmlElementSetAttr", "mxmlGetOpaque", "mxmlRetain", "mxml_opaque_cb"})
     EXPECT_EQ(dlsym(RTLD_DEFAULT, hidden), nullptr) << hidden;
 }
 

@@ -1,5 +1,5 @@
-// ssml_tags_test.cpp - the tag schema, AddTag with callbacks that gather runs of
-// siblings into a new element as a front end does, and move_tree.
+// ssml_tags_test.cpp - the tag schema, AddTag with callbacks that gather runs
+// of siblings into a new element as a front end does, and move_tree.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -14,11 +14,11 @@ using namespace markup_test;
 // As data/markup/tag_schema.txt lists them: a name, or a list in brackets that stand
 // for its outer spaces (kept as published: alphabetical but for "s" after "sub").
 const bsr_wchar *(*const kAccessors[])(void) = {
-    ParaTagName,     SentenceTagName,  TokenTagName,      WordTagName,      LangTagName,
-    BreakTagName,    SubTagName,       PhonemeTagName,    SayAsTagName,     SyllableTagName,
-    PhoneTagName,    ProsodyTagName,   VoiceTagName,      ParaParentTag,    SentenceParentTag,
-    TokenParentTag,  WordParentTag,    LangParentTag,     BreakParentTag,   ParaChildTag,
-    SentenceChildTag, TokenChildTag,   WordChildTag,      LangChildTag,     BreakChildTag};
+    ParaTagName,      SentenceTagName, TokenTagName,   WordTagName,    LangTagName,
+    BreakTagName,     SubTagName,      PhonemeTagName, SayAsTagName,   SyllableTagName,
+    PhoneTagName,     ProsodyTagName,  VoiceTagName,   ParaParentTag,  SentenceParentTag,
+    TokenParentTag,   WordParentTag,   LangParentTag,  BreakParentTag, ParaChildTag,
+    SentenceChildTag, TokenChildTag,   WordChildTag,   LangChildTag,   BreakChildTag};
 
 TEST(TagSchema, EveryAccessorReturnsItsExactConstant) {
   std::istringstream lines(read_file("data/markup/tag_schema.txt"));
@@ -59,7 +59,8 @@ TEST(AddTag, GathersRunsOfSiblingsIntoSentences) {
     ASSERT_EQ(utt.load(c[0]), 1);
     Gatherer g;
     g.decline.assign(c[1].begin(), c[1].end());
-    EXPECT_EQ(AddTag(utt.root(), u"s", SentenceChildTag(), SentenceParentTag(), gather, gather, &g), 1);
+    EXPECT_EQ(AddTag(utt.root(), u"s", SentenceChildTag(), SentenceParentTag(), gather, gather, &g),
+              1);
     EXPECT_EQ(utt.tree(), c[2]);
     if (&c != &cases[0]) continue;
     EXPECT_EQ(g.text_calls * 10 + g.element_calls, 32);
@@ -72,12 +73,15 @@ TEST(AddTag, ListMembershipIsByWholeName) {
   Utt utt;
   ASSERT_EQ(utt.load("<speak><s>text<break/>more</s></speak>"), 1);
   Gatherer g{u"p", u"", 0, 0};
-  EXPECT_EQ(AddTag(find_tag(utt.root(), u"s"), u"p", ParaChildTag(), ParaParentTag(), gather, gather, &g), 1);
+  EXPECT_EQ(
+      AddTag(find_tag(utt.root(), u"s"), u"p", ParaChildTag(), ParaParentTag(), gather, gather, &g),
+      1);
   EXPECT_EQ(g.text_calls + g.element_calls, 0);
   EXPECT_EQ(AddTag(utt.root(), u"p", ParaChildTag(), ParaParentTag(), gather, gather, &g), 1);
   EXPECT_EQ(utt.tree(), "speak(p(s(\"text\",break,\"more\")))");
   EXPECT_EQ(AddTag(nullptr, u"s", u"", u"", gather, gather, &g), 1);
-  EXPECT_EQ(AddTag(utt.root(), u"w", SentenceChildTag(), SentenceParentTag(), nullptr, nullptr, &g), 1);
+  EXPECT_EQ(AddTag(utt.root(), u"w", SentenceChildTag(), SentenceParentTag(), nullptr, nullptr, &g),
+            1);
   EXPECT_EQ(utt.tree(), "speak(p(s(\"text\",break,\"more\")))");
 }
 
@@ -93,7 +97,9 @@ TEST(AddTag, CallbacksAnsweringWithTheItemItselfKeepIt) {
   Utt utt;
   ASSERT_EQ(utt.load("<speak>a<break/><break/>b</speak>"), 1);
   Gatherer g;
-  EXPECT_EQ(AddTag(utt.root(), u"s", SentenceChildTag(), SentenceParentTag(), keep_item, keep_item, &g), 1);
+  EXPECT_EQ(
+      AddTag(utt.root(), u"s", SentenceChildTag(), SentenceParentTag(), keep_item, keep_item, &g),
+      1);
   EXPECT_EQ(utt.tree(), "speak(\"a\",break,break,\"b\")");
   EXPECT_EQ(g.text_calls * 10 + g.element_calls, 22);
 }
@@ -109,7 +115,8 @@ TEST(MoveTree, MovesKeepParentLinksHeadAndTail) {
   move_tree(p, word);  // after the last daughter, with its own daughters
   EXPECT_EQ(item_parent(item_daughter(word)), word);
   EXPECT_EQ(item_parent(word), p);
-  for (item *bad : {static_cast<item *>(nullptr), s, find_tag(other.root(), u"p")}) move_tree(bad, s);
+  for (item *bad : {static_cast<item *>(nullptr), s, find_tag(other.root(), u"p")})
+    move_tree(bad, s);
   move_tree(s, nullptr);
   EXPECT_EQ(utt.tree(), "speak(s(\"c\"),p(\"a\",word(\"b\")))");
   EXPECT_EQ(other.tree(), "speak(p)");

@@ -1,5 +1,6 @@
-// features_test.cpp - feature sets: order, replacement in place, removal, copying with shared
-// values, printing, the readers with defaults, and sets on a private heap.
+// features_test.cpp - feature sets: order, replacement in place, removal,
+// copying with shared values, printing, the readers with defaults, and sets on
+// a private heap.
 #include <gtest/gtest.h>
 
 #include "model_test_util.h"
@@ -38,9 +39,9 @@ TEST_F(FeaturesTest, NewestFirstReplaceInPlaceAndPrint) {
   EXPECT_EQ(printed([&](FILE *o) { EXPECT_EQ(feat_print(o, f), 0); }),
             " list=\"(1 2)\" A=\"10\" c=\"3\" b=\"2\" a=\"1\"");  // never the tag
   EXPECT_EQ(feat_remove(f, "absent") + feat_remove(nullptr, "b"), 0);
-  EXPECT_EQ(feat_remove(f, "c"), 1);     // middle
-  EXPECT_EQ(feat_remove(f, "tag"), 1);   // head
-  EXPECT_EQ(feat_remove(f, "a"), 1);     // tail
+  EXPECT_EQ(feat_remove(f, "c"), 1);    // middle
+  EXPECT_EQ(feat_remove(f, "tag"), 1);  // head
+  EXPECT_EQ(feat_remove(f, "a"), 1);    // tail
   EXPECT_EQ(names_of(f), "listAb");
   for (const char *n : {"list", "A", "b"}) feat_remove(f, n);
   EXPECT_EQ(f->head, nullptr);

@@ -1,5 +1,6 @@
-// ffeature_test.cpp - feature paths and feature functions: steps through lists, trees and relations,
-// the default answer, unknown steps, shadowing, and the limits on path length.
+// ffeature_test.cpp - feature paths and feature functions: steps through lists,
+// trees and relations, the default answer, unknown steps, shadowing, and the
+// limits on path length.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -37,31 +38,50 @@ struct PathTest : ::testing::Test {
 
 struct PathCase {
   const char *path;
-  int from;  // 0..2: word[from]; 3: phrase; 4: the Phrase view of word[1]; 5: syl[2][1]; 6: syl[0][0]
+  int from;          // 0..2: word[from]; 3: phrase; 4: the Phrase view of word[1]; 5: syl[2][1]; 6:
+                     // syl[0][0]
   const char *want;  // the value printed, or "OFF" for the default
 };
 
 TEST_F(PathTest, Walks) {
   const PathCase cases[] = {
-      {"n.name", 1, "w2"}, {"p.name", 1, "w0"}, {"nn.name", 0, "w2"}, {"pp.name", 2, "w0"},
+      {"n.name", 1, "w2"},
+      {"p.name", 1, "w0"},
+      {"nn.name", 0, "w2"},
+      {"pp.name", 2, "w0"},
       {"n:len", 0, "11"},  // ':' separates like '.'
-      {"parent.name", 4, "P"}, {"daughter.stress", 4, "10"}, {"daughter1.stress", 4, "10"},
-      {"daughtern.stress", 4, "11"}, {"daughtern.name", 3, "w2"}, {"daughter.n.daughtern.stress", 3, "11"},
-      {"R:Phrase.parent.name", 5, "w2"}, {"R.Phrase.parent.name", 5, "w2"},
+      {"parent.name", 4, "P"},
+      {"daughter.stress", 4, "10"},
+      {"daughter1.stress", 4, "10"},
+      {"daughtern.stress", 4, "11"},
+      {"daughtern.name", 3, "w2"},
+      {"daughter.n.daughtern.stress", 3, "11"},
+      {"R:Phrase.parent.name", 5, "w2"},
+      {"R.Phrase.parent.name", 5, "w2"},
       {"R:Phrase.parent.R:Word.n.name", 6, "w1"},
       // Walking off the structure; once off, later tokens are not examined.
-      {"n.name", 2, "OFF"}, {"nn.name", 1, "OFF"}, {"pp.name", 0, "OFF"}, {"absent", 0, "OFF"},
-      {"parent.name", 0, "OFF"}, {"n.bogus.name", 2, "OFF"}, {"daughter.daughtern.n.stress", 3, "OFF"},
-      {"R:Nowhere.name", 6, "OFF"}, {"R:Phrase", 6, "OFF"},
+      {"n.name", 2, "OFF"},
+      {"nn.name", 1, "OFF"},
+      {"pp.name", 0, "OFF"},
+      {"absent", 0, "OFF"},
+      {"parent.name", 0, "OFF"},
+      {"n.bogus.name", 2, "OFF"},
+      {"daughter.daughtern.n.stress", 3, "OFF"},
+      {"R:Nowhere.name", 6, "OFF"},
+      {"R:Phrase", 6, "OFF"},
       // Unknown steps.
-      {"x.name", 0, "[null]"}, {"n..name", 0, "[null]"}, {"N.name", 0, "[null]"}, {"nnn.name", 0, "[null]"},
+      {"x.name", 0, "[null]"},
+      {"n..name", 0, "[null]"},
+      {"N.name", 0, "[null]"},
+      {"nnn.name", 0, "[null]"},
       {"daughter2.name", 0, "[null]"},
   };
   ASSERT_NE(off, nullptr);
   EXPECT_EQ(wide(val_wstring(off)), u"0");
   EXPECT_NE(off, val_string_n(0));  // a "0" of its own
   EXPECT_EQ(off->c.atom.ref_count, -1);
-  item *from[] = {word[0], word[1], word[2], phrase, item_as(word[1], "Phrase"), syl[2][1], syl[0][0]};
+  item *from[] = {word[0],   word[1],  word[2], phrase, item_as(word[1], "Phrase"),
+                  syl[2][1], syl[0][0]};
   for (const PathCase &c : cases) {
     const val *got = ffeature(from[c.from], c.path);
     bool ok = std::string(c.want) == "OFF" ? got == off : printed_val(got) == c.want;
@@ -79,7 +99,8 @@ TEST_F(PathTest, Walks) {
   EXPECT_EQ(path_to_item(phrase, "daughtern"), item_last_daughter(phrase));
   EXPECT_EQ(path_to_item(word[0], "n.n"), word[2]);
   EXPECT_EQ(path_to_item(syl[1][0], "R:Phrase.parent.R:Word"), word[1]);
-  for (const char *bad : {"p", "", "n.bad", "R"}) EXPECT_EQ(path_to_item(word[0], bad), nullptr) << bad;
+  for (const char *bad : {"p", "", "n.bad", "R"})
+    EXPECT_EQ(path_to_item(word[0], bad), nullptr) << bad;
   EXPECT_EQ(path_to_item(nullptr, "n"), nullptr);
 }
 

@@ -1,5 +1,5 @@
-// model_test_util.h - helpers shared by the utterance-model tests: capturing what a print
-// function writes, and reading wide strings.
+// model_test_util.h - helpers shared by the utterance-model tests: capturing
+// what a print function writes, and reading wide strings.
 #ifndef UTILS_MODEL_MODEL_TEST_UTIL_H
 #define UTILS_MODEL_MODEL_TEST_UTIL_H
 
@@ -22,8 +22,12 @@ std::string printed(Fn fn) {
   return out;
 }
 
-inline std::string printed_val(const val *v) { return printed([&](FILE *o) { val_print(o, v); }); }
+inline std::string printed_val(const val *v) {
+  return printed([&](FILE *o) { val_print(o, v); });
+}
 
-inline std::u16string wide(const bsr_wchar *s) { return s != nullptr ? std::u16string(s) : u"<null>"; }
+inline std::u16string wide(const bsr_wchar *s) {
+  return s != nullptr ? std::u16string(s) : u"<null>";
+}
 
 #endif  // UTILS_MODEL_MODEL_TEST_UTIL_H

@@ -1,5 +1,6 @@
-// utterance_test.cpp - utterances, relations and items: building lists and trees, shared contents
-// across relations and their lifetimes, deletion and relinking.
+// utterance_test.cpp - utterances, relations and items: building lists and
+// trees, shared contents across relations and their lifetimes, deletion and
+// relinking.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -15,7 +16,8 @@ struct UttTest : ::testing::Test {
   // The "id" features along next links, as "1 2 3 ".
   static std::string ids(const item *first) {
     std::string out;
-    for (const item *i = first; i != nullptr; i = item_next(i)) out += std::to_string(item_feat_int(i, "id")) + " ";
+    for (const item *i = first; i != nullptr; i = item_next(i))
+      out += std::to_string(item_feat_int(i, "id")) + " ";
     return out;
   }
   static item *with_id(item *i, int id) {
@@ -79,7 +81,7 @@ TEST_F(UttTest, TreesAndTheFirstDaughtersParentLink) {
   EXPECT_EQ(item_nth_daughter(top, 2), d[2]);
   EXPECT_EQ(item_nth_daughter(top, 3), item_nth_daughter(top, -1));
   EXPECT_EQ(item_last_daughter(top), d[2]);
-  EXPECT_EQ(d[2]->up, nullptr);  // only the first daughter carries the link
+  EXPECT_EQ(d[2]->up, nullptr);      // only the first daughter carries the link
   EXPECT_EQ(relation_tail(r), top);  // daughters are not top-level items
   item *before = with_id(item_prepend(d[0], nullptr), 0);  // a new first daughter
   EXPECT_EQ(item_daughter(top), before);
@@ -141,11 +143,12 @@ TEST_F(UttTest, ItemFeaturesAndNullItems) {
   EXPECT_EQ(item_feat_int(i, "w"), 9);
   EXPECT_EQ(item_feat_remove(i, "v"), 1);
   EXPECT_EQ(item_feat(i, "v"), nullptr);
-  feat_set(u->features, "focus", item_val(i));                    // item values own nothing
+  feat_set(u->features, "focus", item_val(i));                   // item values own nothing
   feat_set(u->features, "sub", utterance_val(new_utterance()));  // owned: deleted with u
   item_set_int(nullptr, "x", 1);
   delete_item(nullptr);
-  for (auto read : {item_next, item_prev, item_parent, item_daughter}) EXPECT_EQ(read(nullptr), nullptr);
+  for (auto read : {item_next, item_prev, item_parent, item_daughter})
+    EXPECT_EQ(read(nullptr), nullptr);
   EXPECT_EQ(item_feat_int(nullptr, "v") + item_feat_remove(nullptr, "v"), 0);
   EXPECT_EQ(item_feat_wstring(nullptr, "v"), nullptr);
   EXPECT_EQ(item_utt(nullptr), nullptr);

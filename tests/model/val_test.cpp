@@ -1,5 +1,5 @@
-// val_test.cpp - values: constants and clamping, readers and their type rules, reference
-// counts and release, lists, equality, ordering and printing.
+// val_test.cpp - values: constants and clamping, readers and their type rules,
+// reference counts and release, lists, equality, ordering and printing.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -32,23 +32,24 @@ TEST(ValConstants, ClampedAndSurviveEveryRelease) {
 }
 
 TEST(ValTypes, TableAndCodesAgree) {
-  const char *names[] = {"int", "float", "string", "wstring", "utterance", "uttfunc", "ffunc",
-                         "relation", "item", "cart", "userdata", "itemfunc", "features"};
+  const char *names[] = {"int",      "float", "string", "wstring",  "utterance", "uttfunc", "ffunc",
+                         "relation", "item",  "cart",   "userdata", "itemfunc",  "features"};
   for (int row = 0; row < 13; ++row) EXPECT_STREQ(bsr_val_defs[row].name, names[row]);
   for (int row = 0; row < 4; ++row) EXPECT_EQ(bsr_val_defs[row].delete_function, nullptr);
   EXPECT_EQ(bsr_val_defs[4].delete_function, &val_delete_utterance);
   EXPECT_EQ(bsr_val_defs[8].delete_function, &val_delete_item);
   EXPECT_EQ(bsr_val_defs[12].delete_function, &val_delete_features);
-  const int32_t codes[] = {bsr_val_type_utterance, bsr_val_type_uttfunc, bsr_val_type_ffunc,
-                           bsr_val_type_relation,  bsr_val_type_item,    bsr_val_type_cart,
+  const int32_t codes[] = {bsr_val_type_utterance, bsr_val_type_uttfunc,  bsr_val_type_ffunc,
+                           bsr_val_type_relation,  bsr_val_type_item,     bsr_val_type_cart,
                            bsr_val_type_userdata,  bsr_val_type_itemfunc, bsr_val_type_features};
   for (int k = 0; k < 9; ++k) EXPECT_EQ(codes[k], 2 * (k + 4) + 1);
 }
 
 TEST(ValRead, ReadersFollowTheTypeRules) {
-  val *i = int_val(-42), *f = float_val(-3.75f), *s = wstring_val(u"42"), *none = wstring_val(nullptr);
+  val *i = int_val(-42), *f = float_val(-3.75f), *s = wstring_val(u"42"),
+      *none = wstring_val(nullptr);
   EXPECT_FLOAT_EQ(val_float(i), -42.0f);
-  EXPECT_EQ(val_int(f), -3);  // toward zero
+  EXPECT_EQ(val_int(f), -3);                 // toward zero
   EXPECT_EQ(val_int(s) + val_float(s), 42);  // only int reads parse strings
   EXPECT_EQ(val_wstring(i), nullptr);
   EXPECT_EQ(printed_val(none), "");  // a string atom without text
@@ -57,13 +58,15 @@ TEST(ValRead, ReadersFollowTheTypeRules) {
   EXPECT_EQ(val_generic(u, bsr_val_type_cart), nullptr);
   EXPECT_EQ(val_ffunc(fn), &a_ffunc);
   EXPECT_EQ(val_ffunc(u), nullptr);
-  val *narrow = val_new_typed(5, const_cast<char *>("kept"));  // a narrow string never frees its text
+  val *narrow =
+      val_new_typed(5, const_cast<char *>("kept"));  // a narrow string never frees its text
   EXPECT_STREQ(static_cast<const char *>(val_void(narrow)), "kept");
   EXPECT_EQ(val_void(&val_int_3), nullptr);
-  val *list = cons_val(&val_int_1, cons_val(&val_int_2, nullptr)), *empty_car = cons_val(nullptr, u);
+  val *list = cons_val(&val_int_1, cons_val(&val_int_2, nullptr)),
+      *empty_car = cons_val(nullptr, u);
   EXPECT_EQ(bsr_val_consp(list) - bsr_val_consp(&val_int_1), 1);
   EXPECT_EQ(val_void(list), val_cdr(list));  // a cons answers its second word
-  EXPECT_EQ(bsr_val_consp(empty_car), 1);  // a start of 0 is even
+  EXPECT_EQ(bsr_val_consp(empty_car), 1);    // a start of 0 is even
   EXPECT_EQ(val_void(empty_car), nullptr);
   EXPECT_EQ(val_car(&val_int_1), nullptr);
   for (val *v : {i, f, s, none, fn, narrow, list, empty_car}) delete_val(v);  // empty_car frees u
@@ -103,15 +106,16 @@ TEST(ValRefcount, OwnedPayloadsGoWithTheLastReference) {
 
 TEST(ValList, BuildingAndEditing) {
   EXPECT_EQ(val_length(nullptr) + val_length(&val_int_2), 1);
-  val *list = val_reverse(cons_val(int_val(1), cons_val(int_val(2), cons_val(int_val(3), nullptr))));
+  val *list =
+      val_reverse(cons_val(int_val(1), cons_val(int_val(2), cons_val(int_val(3), nullptr))));
   val *more = cons_val(int_val(4), nullptr);
   EXPECT_EQ(val_append(list, more), list);
   EXPECT_EQ(printed_val(list), "(3 2 1 4)");
   EXPECT_EQ(val_length(list), 4);
   val *old_car = val_car(list), *fresh = int_val(9);
   EXPECT_EQ(set_car(list, fresh), list);
-  EXPECT_EQ(old_car->c.atom.ref_count, 0);  // lowered, not freed
-  EXPECT_EQ(fresh->c.atom.ref_count, 0);    // stored without a raise
+  EXPECT_EQ(old_car->c.atom.ref_count, 0);      // lowered, not freed
+  EXPECT_EQ(fresh->c.atom.ref_count, 0);        // stored without a raise
   EXPECT_EQ(set_cdr(old_car, fresh), nullptr);  // not a cons
   EXPECT_EQ(set_cdr(more, cons_val(&val_int_7, nullptr)), more);
   EXPECT_EQ(printed_val(list), "(9 2 1 4 7)");
@@ -120,13 +124,15 @@ TEST(ValList, BuildingAndEditing) {
 }
 
 TEST(ValList, MembershipAndAssociation) {
-  val *list = cons_val(wstring_val(u"a"), cons_val(int_val(7), cons_val(wstring_val(u"c"), nullptr)));
+  val *list =
+      cons_val(wstring_val(u"a"), cons_val(int_val(7), cons_val(wstring_val(u"c"), nullptr)));
   val *seven = int_val(7);
   EXPECT_EQ(val_member(seven, list) - val_member(&val_int_8, list), 1);
   EXPECT_EQ(val_member_wstring(u"c", list) - val_member_wstring(u"7", list), 1);
   EXPECT_EQ(val_member_wstring(nullptr, list), 1);  // the int reads as a null string
   val *alist = cons_val(cons_val(wstring_val(u"k1"), nullptr),
-                        cons_val(cons_val(&val_int_2, nullptr), cons_val(cons_val(wstring_val(u"k2"), nullptr), nullptr)));
+                        cons_val(cons_val(&val_int_2, nullptr),
+                                 cons_val(cons_val(wstring_val(u"k2"), nullptr), nullptr)));
   EXPECT_EQ(wide(val_wstring(val_car(val_assoc_wstring(u"k2", alist)))), u"k2");
   EXPECT_EQ(val_assoc_wstring(u"zz", alist), nullptr);
   for (val *v : {alist, seven, list}) delete_val(v);
@@ -147,7 +153,8 @@ TEST(ValCompare, EqualityAndNumericOrder) {
   val *l1 = cons_val(&val_int_3, nullptr), *l2 = cons_val(&val_int_3, nullptr);
   val *m1 = cons_val(i2, nullptr), *m2 = cons_val(int_val(2), nullptr);
   EXPECT_EQ(val_equal(l1, l2), 1);
-  bool low_bits_agree = ((reinterpret_cast<uintptr_t>(i2) ^ reinterpret_cast<uintptr_t>(val_car(m2))) & 0xFFFF) == 0;
+  bool low_bits_agree =
+      ((reinterpret_cast<uintptr_t>(i2) ^ reinterpret_cast<uintptr_t>(val_car(m2))) & 0xFFFF) == 0;
   EXPECT_EQ(val_equal(m1, m2), low_bits_agree ? 1 : 0);
   EXPECT_EQ(val_equal(l1, &val_int_3), 0);
   for (val *v : {a, b, c, f, u1, u2, l1, l2, m1, m2}) delete_val(v);
@@ -157,10 +164,12 @@ TEST(ValPrint, Formats) {
   EXPECT_EQ(printed_val(nullptr) + printed_val(&val_int_7), "[null]7");
   val *f = float_val(1.5f), *s = wstring_val(u"caf\u00e9 \u4e2d");
   EXPECT_EQ(printed_val(f), "1.500000");
-  val *nested = cons_val(cons_val(&val_int_1, nullptr), cons_val(s, &val_int_9));  // final atom cdr unprinted
+  val *nested =
+      cons_val(cons_val(&val_int_1, nullptr), cons_val(s, &val_int_9));  // final atom cdr unprinted
   EXPECT_EQ(printed_val(nested), "((1) caf\xc3\xa9 \xe4\xb8\xad)");
   val *it = item_val(reinterpret_cast<item *>(&g_payload));
-  EXPECT_TRUE(std::regex_match(printed_val(it), std::regex("\\[Val item 0x.+\\]"))) << printed_val(it);
+  EXPECT_TRUE(std::regex_match(printed_val(it), std::regex("\\[Val item 0x.+\\]")))
+      << printed_val(it);
   val *narrow = val_new_typed(5, const_cast<char *>("n"));
   EXPECT_TRUE(std::regex_match(printed_val(narrow), std::regex("\\[Val string 0x.+\\]")));
   std::u16string long_text(3000, u'\u00e9');  // past any stack buffer

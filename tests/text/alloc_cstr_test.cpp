@@ -1,5 +1,5 @@
-// alloc_cstr_test.cpp - the local allocator's zero-filling contract and the CStr growth policy,
-// including the result codes.
+// alloc_cstr_test.cpp - the local allocator's zero-filling contract and the
+// CStr growth policy, including the result codes.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -19,7 +19,8 @@ TEST(LocalAllocator, BlocksAndGrownTailsAreZero) {
   memset(p, 0xAB, 100);
   p = static_cast<unsigned char *>(bsr_safe_realloc(p, 40));  // shrinking keeps the head
   p = static_cast<unsigned char *>(bsr_safe_realloc(p, 5000));
-  for (int i = 0; i < 5000; ++i) ASSERT_EQ(p[i], i < 40 ? 0xAB : 0) << i;  // even bytes written before
+  for (int i = 0; i < 5000; ++i)
+    ASSERT_EQ(p[i], i < 40 ? 0xAB : 0) << i;  // even bytes written before
   bsr_free(p);
   bsr_free(nullptr);
   char *s = tts_strdup("grüß");

@@ -1,5 +1,6 @@
-// cstr_size_test.cpp - the exported data symbol CStr holds the record size the library was built
-// with. It shares its name with the record type, so this file reads it alone.
+// cstr_size_test.cpp - the exported data symbol CStr holds the record size the
+// library was built with. It shares its name with the record type, so this file
+// reads it alone.
 #include <gtest/gtest.h>
 
 #include <cstdint>

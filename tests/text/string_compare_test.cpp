@@ -1,5 +1,6 @@
-// string_compare_test.cpp - position-valued comparisons: the shared convention, the folded and bounded
-// forms, and the block scanner checked against a plain loop at page edges.
+// string_compare_test.cpp - position-valued comparisons: the shared convention,
+// the folded and bounded forms, and the block scanner checked against a plain
+// loop at page edges.
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -12,11 +13,15 @@
 namespace {
 
 TEST(StringCompare, SharedConvention) {
-  struct Case { const char *a, *b; int32_t want; };
+  struct Case {
+    const char *a, *b;
+    int32_t want;
+  };
   for (const Case &c : {Case{"abc", "abd", -3}, Case{"abd", "abc", 3}, Case{"ab", "abc", -3},
                         Case{"abc", "abc", 0}, Case{"a\xE9", "a\x41", 2},  // bytes compare unsigned
                         Case{nullptr, nullptr, 0}, Case{nullptr, "", -1}, Case{"", nullptr, 1}})
-    EXPECT_EQ(bsr_strcmp(c.a, c.b), c.want) << (c.a != nullptr ? c.a : "null") << " / " << (c.b != nullptr ? c.b : "null");
+    EXPECT_EQ(bsr_strcmp(c.a, c.b), c.want)
+        << (c.a != nullptr ? c.a : "null") << " / " << (c.b != nullptr ? c.b : "null");
   EXPECT_EQ(bsr_wcscmp(u"ab", u"abc"), -3);
   const bsr_wchar hi[] = {0xFFFF, 0}, lo[] = {0x0041, 0};
   EXPECT_EQ(bsr_wcscmp(hi, lo), 1);
@@ -57,8 +62,8 @@ class GuardedPages {
  public:
   GuardedPages() {
     page_ = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-    base_ = static_cast<char *>(mmap(nullptr, 3 * page_, PROT_READ | PROT_WRITE,
-                                     MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    base_ = static_cast<char *>(
+        mmap(nullptr, 3 * page_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     mprotect(base_ + 2 * page_, page_, PROT_NONE);
   }
   ~GuardedPages() { munmap(base_, 3 * page_); }

@@ -1,5 +1,6 @@
-// string_routines_test.cpp - copying, searching, case, tokenising, trimming, replacing and numbers:
-// the places where these routines differ from the C library on purpose.
+// string_routines_test.cpp - copying, searching, case, tokenising, trimming,
+// replacing and numbers: the places where these routines differ from the C
+// library on purpose.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -100,7 +101,10 @@ TEST(StringTokenize, CallerHeldIndexAndSplit) {
   char *out[4] = {};
   EXPECT_EQ(bsr_strsplit(t, ",", out), 2);
   EXPECT_STREQ(out[1], "b");
-  char hi[] = "a\xA0" "b", delim[] = "\xA0";  // delimiters are read as signed bytes too
+  char hi[] =
+      "a\xA0"
+      "b",
+       delim[] = "\xA0";  // delimiters are read as signed bytes too
   EXPECT_EQ(bsr_strsplit(hi, delim, out), 2);
   bsr_wchar w[] = u"中 文\t字";
   bsr_wchar *wout[4] = {};
@@ -109,9 +113,13 @@ TEST(StringTokenize, CallerHeldIndexAndSplit) {
 }
 
 TEST(StringTrim, BothEnds) {
-  struct Case { const char *in, *set, *out; uint32_t len; };
-  for (const Case &c : {Case{"  x  ", " ", "x", 1}, Case{"   ", " ", "", 0},
-                        Case{"\t a b \n", " \t\n", "a b", 3}, Case{" keep ", nullptr, " keep ", 6}}) {
+  struct Case {
+    const char *in, *set, *out;
+    uint32_t len;
+  };
+  for (const Case &c :
+       {Case{"  x  ", " ", "x", 1}, Case{"   ", " ", "", 0}, Case{"\t a b \n", " \t\n", "a b", 3},
+        Case{" keep ", nullptr, " keep ", 6}}) {
     std::string s = c.in;
     EXPECT_EQ(bsr_strtrim(s.data(), c.set), c.len) << c.in;
     EXPECT_STREQ(s.c_str(), c.out);
@@ -139,10 +147,14 @@ TEST(StringReplace, SizingPassThenWritingPass) {
 }
 
 TEST(StringNumbers, FormatAndParse) {
-  struct Case { int32_t value, radix; const char *text; };
+  struct Case {
+    int32_t value, radix;
+    const char *text;
+  };
   char buf[40];
-  for (const Case &c : {Case{-255, 16, "-ff"}, Case{0, 10, "0"}, Case{5, 2, "101"}, Case{35, 36, "z"},
-                        Case{INT32_MIN, 10, "-2147483648"}, Case{42, 0, ""}, Case{42, 1, ""}})
+  for (const Case &c :
+       {Case{-255, 16, "-ff"}, Case{0, 10, "0"}, Case{5, 2, "101"}, Case{35, 36, "z"},
+        Case{INT32_MIN, 10, "-2147483648"}, Case{42, 0, ""}, Case{42, 1, ""}})
     EXPECT_STREQ(bsr_itoa(c.value, buf, c.radix), c.text) << c.value << " radix " << c.radix;
   EXPECT_EQ(bsr_itoa(42, nullptr, 10), nullptr);
   bsr_wchar w[40];

@@ -1,5 +1,6 @@
-// unicode_differential_test.cpp - compares both converters with small, plainly written strict converters on
-// many random inputs, most of them valid or nearly valid, and random targets.
+// unicode_differential_test.cpp - compares both converters with small, plainly
+// written strict converters on many random inputs, most of them valid or nearly
+// valid, and random targets.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -12,7 +13,12 @@ namespace {
 int reference_sequence(const std::string &s, size_t pos, size_t n, uint32_t &cp) {
   static const uint32_t kMin[] = {0, 0, 0x80, 0x800, 0x10000};
   const unsigned lead = static_cast<unsigned char>(s[pos]);
-  const int len = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+  const int len = lead < 0x80   ? 1
+                  : lead < 0xC2 ? 0
+                  : lead < 0xE0 ? 2
+                  : lead < 0xF0 ? 3
+                  : lead < 0xF5 ? 4
+                                : 0;
   if (len == 0 || pos + len > n) return 0;
   cp = lead & (0x7Fu >> (len - 1));
   for (int k = 1; k < len; ++k) {
@@ -38,13 +44,16 @@ std::string utf8_as(uint32_t v, int len) {
   return out;
 }
 
-std::string utf8(uint32_t cp) { return utf8_as(cp, cp < 0x80 ? 1 : cp < 0x800 ? 2 : cp < 0x10000 ? 3 : 4); }
+std::string utf8(uint32_t cp) {
+  return utf8_as(cp, cp < 0x80 ? 1 : cp < 0x800 ? 2 : cp < 0x10000 ? 3 : 4);
+}
 
 // The longest prefix of whole, well-formed characters that fits in size-1 units.
 std::u16string reference_decode(const std::string &src, size_t n, size_t size) {
   std::u16string out, one;
   uint32_t cp = 0;
-  for (size_t pos = 0, len; pos < n && (len = reference_sequence(src, pos, n, cp)) != 0; pos += len) {
+  for (size_t pos = 0, len; pos < n && (len = reference_sequence(src, pos, n, cp)) != 0;
+       pos += len) {
     one.clear();
     append16(one, cp);
     if (out.size() + one.size() > size - 1) break;
@@ -77,31 +86,52 @@ struct Random {
 
 // A scalar value, often at the edge of an encoding length.
 uint32_t random_scalar(Random &r) {
-  static const uint32_t kEdges[] = {0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFD, 0xFFFF, 0x10000, 0x10FFFF};
+  static const uint32_t kEdges[] = {0x7F,   0x80,   0x7FF,  0x800,   0xD7FF,
+                                    0xE000, 0xFFFD, 0xFFFF, 0x10000, 0x10FFFF};
   switch (r.below(6)) {
-    case 0: return kEdges[r.below(10)];
-    case 1: return r.in(0x80, 0x7FF);
-    case 2: return r.in(0x4E00, 0x9FFF);
-    case 3: { const uint32_t v = r.in(0x800, 0xF7FF); return v >= 0xD800 ? v + 0x800 : v; }
-    case 4: return r.in(0x10000, 0x10FFFF);
-    default: return r.in(0x20, 0x7E);
+    case 0:
+      return kEdges[r.below(10)];
+    case 1:
+      return r.in(0x80, 0x7FF);
+    case 2:
+      return r.in(0x4E00, 0x9FFF);
+    case 3: {
+      const uint32_t v = r.in(0x800, 0xF7FF);
+      return v >= 0xD800 ? v + 0x800 : v;
+    }
+    case 4:
+      return r.in(0x10000, 0x10FFFF);
+    default:
+      return r.in(0x20, 0x7E);
   }
 }
 
-// A nearly valid sequence: damaged, cut, overlong, surrogate, too large, five or six bytes, or one odd byte.
+// A nearly valid sequence: damaged, cut, overlong, surrogate, too large, five or six bytes, or one
+// odd byte.
 std::string broken_utf8(Random &r) {
-  static const unsigned char kOdd[] = {0x00, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0, 0xC1, 0xC2,
-                                       0xDF, 0xE0, 0xED, 0xEF, 0xF0, 0xF4, 0xF5, 0xF8, 0xFC, 0xFF};
+  static const unsigned char kOdd[] = {0x00, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0,
+                                       0xBF, 0xC0, 0xC1, 0xC2, 0xDF, 0xE0, 0xED,
+                                       0xEF, 0xF0, 0xF4, 0xF5, 0xF8, 0xFC, 0xFF};
   std::string b = utf8(random_scalar(r));
   const char odd = char(r.below(3) ? kOdd[r.below(sizeof kOdd)] : r.below(256));
   switch (r.below(7)) {
-    case 0: b[r.below(uint32_t(b.size()))] = odd; return b;
-    case 1: return b.size() > 1 ? b.substr(0, r.in(1, uint32_t(b.size()) - 1)) : b;
-    case 2: { const int len = r.in(2, 4); return utf8_as(r.below(len == 2 ? 0x80 : len == 3 ? 0x800 : 0x10000), len); }
-    case 3: return utf8_as(r.in(0xD800, 0xDFFF), 3);
-    case 4: return utf8_as(r.in(0x110000, 0x1FFFFF), 4);
-    case 5: return utf8_as(r.below(1u << 31), r.in(5, 6));
-    default: return std::string(1, odd);
+    case 0:
+      b[r.below(uint32_t(b.size()))] = odd;
+      return b;
+    case 1:
+      return b.size() > 1 ? b.substr(0, r.in(1, uint32_t(b.size()) - 1)) : b;
+    case 2: {
+      const int len = r.in(2, 4);
+      return utf8_as(r.below(len == 2 ? 0x80 : len == 3 ? 0x800 : 0x10000), len);
+    }
+    case 3:
+      return utf8_as(r.in(0xD800, 0xDFFF), 3);
+    case 4:
+      return utf8_as(r.in(0x110000, 0x1FFFFF), 4);
+    case 5:
+      return utf8_as(r.below(1u << 31), r.in(5, 6));
+    default:
+      return std::string(1, odd);
   }
 }
 
@@ -112,8 +142,11 @@ std::string random_utf8(Random &r, bool broken) {
   for (uint32_t p = r.below(24); p > 0; --p) {
     const uint32_t kind = r.below(100), cp = random_scalar(r);
     for (uint32_t k = kind < 30 ? r.below(40) : 1; k > 0; --k)
-      out += kind < 20 ? utf8(r.in(0x20, 0x7E)) : kind < 30 ? utf8(cp) : kind < 33 ? std::string(1, '\0')
-             : kind < 36 && broken ? broken_utf8(r) : utf8(cp);
+      out += kind < 20             ? utf8(r.in(0x20, 0x7E))
+             : kind < 30           ? utf8(cp)
+             : kind < 33           ? std::string(1, '\0')
+             : kind < 36 && broken ? broken_utf8(r)
+                                   : utf8(cp);
   }
   return out;
 }
@@ -123,8 +156,11 @@ std::u16string random_utf16(Random &r, bool broken) {
   for (uint32_t p = r.below(40); p > 0; --p) {
     const uint32_t kind = r.below(100), cp = random_scalar(r);
     for (uint32_t k = kind < 30 ? r.below(40) : kind < 38 ? r.in(1, 2) : 1; k > 0; --k)
-      append16(out, kind < 20 ? r.in(0x20, 0x7E) : kind < 30 ? cp : kind < 33 ? 0
-                    : kind < 38 && broken ? r.in(0xD800, 0xDFFF) : cp);
+      append16(out, kind < 20             ? r.in(0x20, 0x7E)
+                    : kind < 30           ? cp
+                    : kind < 33           ? 0
+                    : kind < 38 && broken ? r.in(0xD800, 0xDFFF)
+                                          : cp);
   }
   return out;
 }
@@ -133,7 +169,8 @@ std::u16string random_utf16(Random &r, bool broken) {
 template <typename Str>
 std::pair<uint32_t, size_t> random_length(Random &r, const Str &src) {
   const uint32_t kind = r.below(4), cut = r.below(uint32_t(src.size()) + 1);
-  if (kind == 0) return {BSR_ZERO_TERMINATED, std::min(src.size(), src.find(typename Str::value_type(0)))};
+  if (kind == 0)
+    return {BSR_ZERO_TERMINATED, std::min(src.size(), src.find(typename Str::value_type(0)))};
   if (kind == 1) return {cut, cut};
   return {uint32_t(src.size()), src.size()};
 }

@@ -1,5 +1,6 @@
-// converter_test.cpp - converting rule elements and say-as elements into sub elements through
-// registered callbacks: result shape, inner-first order, failures.
+// converter_test.cpp - converting rule elements and say-as elements into sub
+// elements through registered callbacks: result shape, inner-first order,
+// failures.
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -14,13 +15,16 @@ using namespace textnorm_test;
 
 int say_twelve(const char *, CStr *out) { return CStrAppend(out, "twelve"); }
 int say_upper(const char *text, CStr *out) {  // fails on null text
-  for (const char *c = text; c != nullptr && *c; ++c) CStrAppendC(out, static_cast<char>(std::toupper(*c)));
+  for (const char *c = text; c != nullptr && *c; ++c)
+    CStrAppendC(out, static_cast<char>(std::toupper(*c)));
   return text != nullptr ? 0 : 1;
 }
 int refuse(const char *, CStr *out) { return CStrAppend(out, "never used"), 3; }
 // Spells out what it was given: "interpret-as,format,detail:text".
-int record_say_as(const char *text, CStr *out, const char *as, const char *format, const char *detail) {
-  for (const char *s : {as, ",", format, ",", detail, ":", text}) CStrAppend(out, s != nullptr ? s : "(null)");
+int record_say_as(const char *text, CStr *out, const char *as, const char *format,
+                  const char *detail) {
+  for (const char *s : {as, ",", format, ",", detail, ":", text})
+    CStrAppend(out, s != nullptr ? s : "(null)");
   return 0;
 }
 int refuse_say_as(const char *, CStr *out, const char *, const char *, const char *) {
@@ -42,11 +46,14 @@ TEST(Converter, ElementsBecomeSubsInnerFirst) {
   EXPECT_EQ(HConverter_add(c, nullptr, say_upper), 0);
   EXPECT_EQ(HConverter_add(c, "xa", nullptr), 0);
   HConverter_setSayAs(c, record_say_as);
-  const struct { const char *body, *expected; } rows[] = {
+  const struct {
+    const char *body, *expected;
+  } rows[] = {
       {"<xnum src=\"12\">12</xnum>", "<sub alias=\"twelve\">[12]</sub>"},
       // Inner elements carry no src: they keep their name, hold the spoken
       // text, and make up the outer alias with the outer element's own text.
-      {"<xm src=\"12 kg\"><xnum>12</xnum> <xup>kg</xup></xm>", "<sub alias=\"twelve KG\">[12 kg]</sub>"},
+      {"<xm src=\"12 kg\"><xnum>12</xnum> <xup>kg</xup></xm>",
+       "<sub alias=\"twelve KG\">[12 kg]</sub>"},
       {"<xo src=\"w\"><b><xup>ab</xup></b>!</xo>", "<sub alias=\"AB!\">[w]</sub>"},
       {"<xup src=\"s\">a<xnum>1</xnum></xup>", "<sub alias=\"Atwelve\">[s]</sub>"},
       // The spoken form goes to the first text of a first child element.
@@ -58,12 +65,15 @@ TEST(Converter, ElementsBecomeSubsInnerFirst) {
       {"<xno>12</xno>", "<xno>[12]</xno>"},
       {"<xup src=\"q\"><b>r</b></xup>", "<sub alias=\"r\">[q]</sub>"},  // null text: callback fails
       {"<say-as interpret-as=\"date\" format=\"mdy\" detail=\"d\">1/2/03</say-as>",
-       "<sub interpret-as=\"date\" format=\"mdy\" detail=\"d\" alias=\"date,mdy,d:1/2/03\">[1/2/03]</sub>"},
+       "<sub interpret-as=\"date\" format=\"mdy\" detail=\"d\" "
+       "alias=\"date,mdy,d:1/2/03\">[1/2/03]</sub>"},
       {"<say-as>5</say-as>", "<sub alias=\"(null),(null),(null):5\">[5]</sub>"},
-      {"<say-as interpret-as=\"digits\"><b>12</b></say-as>", "<say-as interpret-as=\"digits\"><b>[12]</b></say-as>"},
+      {"<say-as interpret-as=\"digits\"><b>12</b></say-as>",
+       "<say-as interpret-as=\"digits\"><b>[12]</b></say-as>"},
       {"<say-as interpret-as=\"digits\"/>", "<say-as interpret-as=\"digits\"></say-as>"},
       {"<p><s>a <xnum src=\"12\">12</xnum></s><say-as>1</say-as></p>",
-       "<p><s>[a ]<sub alias=\"twelve\">[12]</sub></s><sub alias=\"(null),(null),(null):1\">[1]</sub></p>"},
+       "<p><s>[a ]<sub alias=\"twelve\">[12]</sub></s><sub "
+       "alias=\"(null),(null),(null):1\">[1]</sub></p>"},
   };
   for (const auto &row : rows) EXPECT_EQ(convert(c, row.body), row.expected) << row.body;
 

@@ -1,5 +1,6 @@
-// english_reading_test.cpp - the front end's English normalisation on realistic sentences: the bundled
-// rule set and readers together, checked by the aliases they produce.
+// english_reading_test.cpp - the front end's English normalisation on realistic
+// sentences: the bundled rule set and readers together, checked by the aliases
+// they produce.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -20,8 +21,8 @@ std::string subs(mxml_node_t *tree) {
   for (mxml_node_t *n = tree; n != nullptr; n = mxmlWalkNext(n, tree, MXML_DESCEND)) {
     if (mxmlGetType(n) != MXML_ELEMENT || std::string(mxmlGetElement(n)) != "sub") continue;
     mxml_node_t *text = mxmlGetFirstChild(n);
-    out += (out.empty() ? "" : " | ") + std::string(text != nullptr ? mxmlGetOpaque(text) : "") + "=" +
-           mxmlElementGetAttr(n, "alias");
+    out += (out.empty() ? "" : " | ") + std::string(text != nullptr ? mxmlGetOpaque(text) : "") +
+           "=" + mxmlElementGetAttr(n, "alias");
   }
   return out;
 }
@@ -29,15 +30,19 @@ std::string subs(mxml_node_t *tree) {
 // The bundled rules and readers, loaded once.
 utts::TextNormalizer &english() {
   static utts::TextNormalizer normalizer;
-  static const bool loaded = normalizer.add_rules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize)).empty();
+  static const bool loaded =
+      normalizer.add_rules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize)).empty();
   EXPECT_TRUE(loaded) << "every bundled rule loads";
   return normalizer;
 }
 
 TEST(EnglishReading, Sentences) {
-  const struct { const char *sentence, *expected; } table[] = {
+  const struct {
+    const char *sentence, *expected;
+  } table[] = {
       // Numbers
-      {"The city has 1,234,567 people.", "1,234,567=one million two hundred thirty-four thousand five hundred sixty-seven"},
+      {"The city has 1,234,567 people.",
+       "1,234,567=one million two hundred thirty-four thousand five hundred sixty-seven"},
       {"It fell to -12 overnight.", "-12=minus twelve"},
       {"Pi is about 3.14159.", "3.14159=three point one four one five nine"},
       {"Only 0 were left, then 100.", "0=zero | 100=one hundred"},
@@ -48,32 +53,53 @@ TEST(EnglishReading, Sentences) {
       {"Pages 10-12 of COVID-19 notes.", "10=ten | 12=twelve | 19=nineteen"},
       // Money and percentages
       {"The ticket costs $12.50 today.", "$12.50=twelve dollars and fifty cents"},
-      {"A coffee is \xE2\x82\xAC" "5 and tea $1.", "\xE2\x82\xAC" "5=five euros | $1=one dollar"},
+      {"A coffee is \xE2\x82\xAC"
+       "5 and tea $1.",
+       "\xE2\x82\xAC"
+       "5=five euros | $1=one dollar"},
       {"They raised $3.5 million.", "$3.5 million=three point five million dollars"},
       {"Change: $0.99 or $0.01.", "$0.99=ninety-nine cents | $0.01=one cent"},
-      {"Rent is \xC2\xA3" "1,200 a month.", "\xC2\xA3" "1,200=one thousand two hundred pounds"},
-      {"Lunch is 20 \xE2\x82\xAC" " or 1.50\xE2\x82\xAC" ".", "20 \xE2\x82\xAC" "=twenty euros | 1.50\xE2\x82\xAC" "=one euro and fifty cents"},
-      {"Sales rose 15% and costs fell -2.5 %.", "15%=fifteen percent | -2.5 %=minus two point five percent"},
+      {"Rent is \xC2\xA3"
+       "1,200 a month.",
+       "\xC2\xA3"
+       "1,200=one thousand two hundred pounds"},
+      {"Lunch is 20 \xE2\x82\xAC"
+       " or 1.50\xE2\x82\xAC"
+       ".",
+       "20 \xE2\x82\xAC"
+       "=twenty euros | 1.50\xE2\x82\xAC"
+       "=one euro and fifty cents"},
+      {"Sales rose 15% and costs fell -2.5 %.",
+       "15%=fifteen percent | -2.5 %=minus two point five percent"},
       // Dates and times
       {"The meeting is on 2026-11-21.", "2026-11-21=November twenty-first, twenty twenty-six"},
       {"Due 11/21/2026, paid 1/2/2005.",
-       "11/21/2026=November twenty-first, twenty twenty-six | 1/2/2005=January second, two thousand five"},
+       "11/21/2026=November twenty-first, twenty twenty-six | 1/2/2005=January second, two "
+       "thousand five"},
       {"Born on Nov. 3, 1999 and wed on March 21st.",
        "Nov. 3, 1999=November third, nineteen ninety-nine | March 21st=March twenty-first"},
       {"Open 10:30 to 7:05 pm, or until 9 p.m.",
        "10:30=ten thirty | 7:05 pm=seven oh five p m | 9 p.m.=nine p m"},
       {"The train leaves at 18:00.", "18:00=eighteen o'clock"},
       {"Prices rose in 1905 and in 2010.", "1905=nineteen oh five | 2010=twenty ten"},
-      {"The 1990s ran 1990-1999.", "1990s=nineteen nineties | 1990-1999=nineteen ninety to nineteen ninety-nine"},
+      {"The 1990s ran 1990-1999.",
+       "1990s=nineteen nineties | 1990-1999=nineteen ninety to nineteen ninety-nine"},
       // Telephone numbers
-      {"Call (555) 123-4567 now.", "(555) 123-4567=five five five, one two three, four five six seven"},
+      {"Call (555) 123-4567 now.",
+       "(555) 123-4567=five five five, one two three, four five six seven"},
       {"Fax 555-123-4567 or 555-0199.",
-       "555-123-4567=five five five, one two three, four five six seven | 555-0199=five five five, zero one nine nine"},
-      {"London: +44 20 7946 0958.", "+44 20 7946 0958=plus four four, two zero, seven nine four six, zero nine five eight"},
+       "555-123-4567=five five five, one two three, four five six seven | 555-0199=five five five, "
+       "zero one nine nine"},
+      {"London: +44 20 7946 0958.",
+       "+44 20 7946 0958=plus four four, two zero, seven nine four six, zero nine five eight"},
       // Measures
       {"It weighs 5 kg, not 1 kg.", "5 kg=five kilograms | 1 kg=one kilogram"},
-      {"Winds of 10 km/h and 3.5 GHz chips.", "10 km/h=ten kilometers per hour | 3.5 GHz=three point five gigahertz"},
-      {"It is -4 \xC2\xB0" "C outside, 2m of snow.", "-4 \xC2\xB0" "C=minus four degrees Celsius | 2m=two meters"},
+      {"Winds of 10 km/h and 3.5 GHz chips.",
+       "10 km/h=ten kilometers per hour | 3.5 GHz=three point five gigahertz"},
+      {"It is -4 \xC2\xB0"
+       "C outside, 2m of snow.",
+       "-4 \xC2\xB0"
+       "C=minus four degrees Celsius | 2m=two meters"},
       {"A 500 GB disk lasts 30 min.", "500 GB=five hundred gigabytes | 30 min=thirty minutes"},
       // Abbreviations
       {"Dr. Smith met Mrs. Jones on Elm St. today.", "Dr.=doctor | Mrs.=missus | St.=street"},
@@ -93,7 +119,8 @@ TEST(EnglishReading, Sentences) {
        "21/11/2026=November twenty-first, twenty twenty-six"},
       {"<say-as interpret-as=\"date\" format=\"ymd\">2026.11.21</say-as>",
        "2026.11.21=November twenty-first, twenty twenty-six"},
-      {"<say-as interpret-as=\"date\">11/21/26</say-as>", "11/21/26=November twenty-first, twenty-six"},
+      {"<say-as interpret-as=\"date\">11/21/26</say-as>",
+       "11/21/26=November twenty-first, twenty-six"},
       {"<say-as interpret-as=\"date\" format=\"md\">7-4</say-as>", "7-4=July fourth"},
       {"<say-as interpret-as=\"time\">14:05</say-as>", "14:05=fourteen oh five"},
       // Say-as the readers cannot read: unknown kind, impossible date, no digits, no kind
@@ -110,32 +137,49 @@ TEST(EnglishReading, Sentences) {
 }
 
 TEST(EnglishReading, MarkupAroundTextIsKept) {
-  Doc doc("<speak><p><s>It is 5 kg.</s><s>Call <sub alias=\"me\">1</sub> at 10:30.</s></p></speak>");
+  Doc doc(
+      "<speak><p><s>It is 5 kg.</s><s>Call <sub alias=\"me\">1</sub> at 10:30.</s></p></speak>");
   english().normalize(doc.tree);
   EXPECT_EQ(doc.str(),
             "<p><s>[It is ]<sub alias=\"five kilograms\">[5 kg]</sub>[.]</s>"
-            "<s>[Call ]<sub alias=\"me\">[1]</sub>[ at ]<sub alias=\"ten thirty\">[10:30]</sub>[.]</s></p>");
+            "<s>[Call ]<sub alias=\"me\">[1]</sub>[ at ]<sub alias=\"ten "
+            "thirty\">[10:30]</sub>[.]</s></p>");
 }
 
 // True when `s` survives a strict round trip through UTF-16 (no split or stray sequences).
 bool is_utf8(const std::string &s) {
   std::vector<bsr_wchar> wide(s.size() + 1);
   std::string back(4 * s.size() + 1, '\0');
-  bsr_UTF8ToUTF16(s.data(), static_cast<uint32_t>(s.size()), wide.data(), static_cast<uint32_t>(wide.size()));
+  bsr_UTF8ToUTF16(s.data(), static_cast<uint32_t>(s.size()), wide.data(),
+                  static_cast<uint32_t>(wide.size()));
   bsr_UTF16ToUTF8(wide.data(), BSR_ZERO_TERMINATED, &back[0], static_cast<uint32_t>(back.size()));
   return back.c_str() == s;
 }
 
 TEST(EnglishReaders, SayAsOnOddTextGivesWholeCharactersOrRefuses) {
-  const char *kinds[] = {"cardinal", "ordinal", "digits", "characters", "telephone", "date", "time"};
-  const char *texts[] = {"", " ", "-", "+", ".", ",", "1.2.3.4", "99999999999999999999999",
-                         "caf\xC3\xA9 \xE2\x82\xAC" "5", "12:99:99", "0/0/0", "--1", "1e9",
+  const char *kinds[] = {"cardinal",  "ordinal", "digits", "characters",
+                         "telephone", "date",    "time"};
+  const char *texts[] = {"",
+                         " ",
+                         "-",
+                         "+",
+                         ".",
+                         ",",
+                         "1.2.3.4",
+                         "99999999999999999999999",
+                         "caf\xC3\xA9 \xE2\x82\xAC"
+                         "5",
+                         "12:99:99",
+                         "0/0/0",
+                         "--1",
+                         "1e9",
                          "\xF0\x9F\x98\x80"};
   CStr *out = CStrCreate(16);
   for (const char *kind : kinds)
     for (const char *text : texts) {
       CStrErase(out, 0);
-      EXPECT_TRUE(utts::read_say_as(text, out, kind, nullptr, nullptr) != 0 || is_utf8(CStrStr(out)))
+      EXPECT_TRUE(utts::read_say_as(text, out, kind, nullptr, nullptr) != 0 ||
+                  is_utf8(CStrStr(out)))
           << kind << ": " << text << " -> " << CStrStr(out);
     }
   CStrErase(out, 0);
@@ -150,7 +194,8 @@ TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
   std::string out;
   EXPECT_FALSE(utts::read_money("12", out) || utts::read_money("$12 dozen", out));
   EXPECT_FALSE(utts::read_date("2026/13/01", "ymd", out) || utts::read_date("1/2", "mdy", out));
-  EXPECT_FALSE(utts::read_time("25:00", out) || utts::read_time("7:61", out) || utts::read_time("7:30 xm", out));
+  EXPECT_FALSE(utts::read_time("25:00", out) || utts::read_time("7:61", out) ||
+               utts::read_time("7:30 xm", out));
   EXPECT_FALSE(utts::read_measure("5 parsecs", out) || utts::read_telephone("none", out) ||
                utts::read_month_date("Smarch 3", out));
   EXPECT_EQ(out, "");

@@ -1,6 +1,6 @@
-// replacer_test.cpp - the rule-set replacer: which rule lines load, the template language, and
-// how documents are rewritten (cut and resume points, protected elements,
-// rules in order seeing only the text earlier rules left).
+// replacer_test.cpp - the rule-set replacer: which rule lines load, the
+// template language, and how documents are rewritten (cut and resume points,
+// protected elements, rules in order seeing only the text earlier rules left).
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -11,7 +11,11 @@ namespace {
 
 using namespace textnorm_test;
 
-struct Row { std::string rules; int rejected; const char *input, *expected; };  // input null: load only
+struct Row {
+  std::string rules;
+  int rejected;
+  const char *input, *expected;
+};  // input null: load only
 
 void check(const std::vector<Row> &rows) {
   for (const Row &row : rows) {
@@ -32,8 +36,8 @@ TEST(Replacer, RuleSetLinesAreCountedAsRejectedOrSkipped) {
       {"a\tx{}\n(\\d+)\t\"?0\"", 0, "7", "<x src=\"7\">[7]</x>"},  // last line without LF
       {"(\\d+)\t\"?0\"\r\n(b)\t\"B\"\r\n", 0, "b 7", "<x src=\"b\">[B]</x>[ ]<x src=\"7\">[7]</x>"},
       {"(\\d\r+)\t\"<?0\r>\"", 0, "42", "<x src=\"42\">[<42>]</x>"},  // CR dropped anywhere
-      {"no tab here\n\t\"empty pattern\"\n(a)\t\n(a\t\"?0\"\n(b)\t\"?0\n(c)\t\"?1\"\n(d)\t\"?0\"\n", 6,
-       "a b c d", "[a b c ]<x src=\"d\">[d]</x>"},
+      {"no tab here\n\t\"empty pattern\"\n(a)\t\n(a\t\"?0\"\n(b)\t\"?0\n(c)\t\"?1\"\n(d)\t\"?0\"\n",
+       6, "a b c d", "[a b c ]<x src=\"d\">[d]</x>"},
       {"(a)(b)\t\"?0?1\"", 0, nullptr, nullptr},
       {"(a)(b)\t\"?2\"", 1, nullptr, nullptr},  // N equal to the group count
       {"(a)(b)\t\"?n:2\"", 1, nullptr, nullptr},
@@ -104,14 +108,18 @@ TEST(Replacer, WhichTextTheRulesSee) {
   const std::string num = "(\\d+)\t\"?0\"";
   check({
       {num + "\n(\\s+)\t\"_\"", 0,
-       "<sub alias=\"a\">1</sub><say-as>2</say-as><xnum>3</xnum><xa><b>4</b></xa><s>  </s><s>\n</s>",
-       "<sub alias=\"a\">[1]</sub><say-as>[2]</say-as><xnum>[3]</xnum><xa><b>[4]</b></xa><s>[  ]</s><s>[\n]</s>"},
-      {num, 0, "<subs>5</subs><say>6</say>", "<subs><x src=\"5\">[5]</x></subs><say><x src=\"6\">[6]</x></say>"},
+       "<sub alias=\"a\">1</sub><say-as>2</say-as><xnum>3</xnum><xa><b>4</b></xa><s>  "
+       "</s><s>\n</s>",
+       "<sub alias=\"a\">[1]</sub><say-as>[2]</say-as><xnum>[3]</xnum><xa><b>[4]</b></xa><s>[  "
+       "]</s><s>[\n]</s>"},
+      {num, 0, "<subs>5</subs><say>6</say>",
+       "<subs><x src=\"5\">[5]</x></subs><say><x src=\"6\">[6]</x></say>"},
       {num, 0, "<p><s>a 1</s>b<s>2 c</s></p>",
        "<p><s>[a ]<x src=\"1\">[1]</x></s>[b]<s><x src=\"2\">[2]</x>[ c]</s></p>"},
       {num + "\n(1)\t\"one\"\n(a)\t\"A\"", 0, "a1b", "<x src=\"a\">[A]</x><x src=\"1\">[1]</x>[b]"},
       {"(\\d)\t\"d\"\n([a-z])\t\"?0\"", 0, "a1b<s>c2</s>",
-       "<x src=\"a\">[a]</x><x src=\"1\">[d]</x><x src=\"b\">[b]</x><s><x src=\"c\">[c]</x><x src=\"2\">[d]</x></s>"},
+       "<x src=\"a\">[a]</x><x src=\"1\">[d]</x><x src=\"b\">[b]</x><s><x src=\"c\">[c]</x><x "
+       "src=\"2\">[d]</x></s>"},
       {"", 0, "12", "[12]"},
   });
   Replacer r(num);

@@ -1,5 +1,5 @@
-// say_as_cardinal_test.cpp - SayAsCardinal: splitting written numbers into sign, integer and fraction
-// digits, and its argument checks.
+// say_as_cardinal_test.cpp - SayAsCardinal: splitting written numbers into
+// sign, integer and fraction digits, and its argument checks.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -15,7 +15,8 @@ struct Parts {
   }
   std::string split(const char *text, const char *point = ".", const char *group = ",") {
     const int status = SayAsCardinal(text, point, group, sign, integer, fraction);
-    return std::to_string(status) + ":" + CStrStr(sign) + "|" + CStrStr(integer) + "|" + CStrStr(fraction);
+    return std::to_string(status) + ":" + CStrStr(sign) + "|" + CStrStr(integer) + "|" +
+           CStrStr(fraction);
   }
 };
 
@@ -26,11 +27,15 @@ TEST(SayAsCardinal, SplitsSignIntegerAndFraction) {
       {"12", ".", "0:|12|"},
       {"+7", ".", "0:+|7|"},
       {"\t\r\n3.25", ".", "0:|3|25"},
-      {"1.2.3", ".", "0:|1|23"},        // a second point is dropped
-      {"1 000,75", ",", "0:|1000|75"},  // decimal comma, blank as separator
-      {"$12.50", ".", "0:|12|50"},      // non-digits vanish
+      // A second point is dropped.
+      {"1.2.3", ".", "0:|1|23"},
+      // A decimal comma, a blank as the group separator.
+      {"1 000,75", ",", "0:|1000|75"},
+      // Non-digits vanish.
+      {"$12.50", ".", "0:|12|50"},
       {"-.5", ".", "0:-||5"},
-      {"1:30", ":.", "0:|1|30"},        // only the first byte of the point counts
+      // Only the first byte of the point counts.
+      {"1:30", ":.", "0:|1|30"},
       {"- 4", ".", "0:-|4|"},
       {"5-", ".", "0:|5|"},
       {"  \t", ".", "0:||"},
@@ -41,9 +46,10 @@ TEST(SayAsCardinal, SplitsSignIntegerAndFraction) {
 TEST(SayAsCardinal, BadArgumentsWriteNothing) {
   Parts p;
   CStrAppend(p.sign, "s");
-  const char *bad[][3] = {{nullptr, ".", ","}, {"", ".", ","}, {"1", "", ","},
+  const char *bad[][3] = {{nullptr, ".", ","}, {"", ".", ","},      {"1", "", ","},
                           {"1", ".", ""},      {"1", nullptr, ","}, {"1", ".", nullptr}};
-  for (const auto &b : bad) EXPECT_EQ(p.split(b[0], b[1], b[2]), "-10:s||") << b[0] << "/" << b[1] << "/" << b[2];
+  for (const auto &b : bad)
+    EXPECT_EQ(p.split(b[0], b[1], b[2]), "-10:s||") << b[0] << "/" << b[1] << "/" << b[2];
   EXPECT_EQ(SayAsCardinal("1", ".", ",", nullptr, p.integer, p.fraction), -10);
   EXPECT_EQ(SayAsCardinal("1", ".", ",", p.sign, nullptr, p.fraction), -10);
   EXPECT_EQ(SayAsCardinal("1", ".", ",", p.sign, p.integer, nullptr), -10);

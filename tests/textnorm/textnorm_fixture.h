@@ -1,5 +1,6 @@
-// textnorm_fixture.h - helpers of the text normalisation tests: SSML texts parsed into Mini-XML
-// trees, trees printed back exactly, and replacers loaded from rule-set text.
+// textnorm_fixture.h - helpers of the text normalisation tests: SSML texts
+// parsed into Mini-XML trees, trees printed back exactly, and replacers loaded
+// from rule-set text.
 #ifndef UTILS_TEXTNORM_TEXTNORM_FIXTURE_H
 #define UTILS_TEXTNORM_TEXTNORM_FIXTURE_H
 
@@ -15,7 +16,8 @@ namespace textnorm_test {
 // in stored order, text as [text] so that node boundaries show.
 inline std::string show(mxml_node_t *node) {
   std::string out;
-  for (mxml_node_t *child = mxmlGetFirstChild(node); child != nullptr; child = mxmlGetNextSibling(child)) {
+  for (mxml_node_t *child = mxmlGetFirstChild(node); child != nullptr;
+       child = mxmlGetNextSibling(child)) {
     if (mxmlGetType(child) == MXML_OPAQUE) out += "[" + std::string(mxmlGetOpaque(child)) + "]";
     if (mxmlGetType(child) != MXML_ELEMENT) continue;
     out += "<" + std::string(mxmlGetElement(child));
@@ -30,15 +32,20 @@ inline std::string show(mxml_node_t *node) {
 
 // The first element named `name`, depth first, the root included.
 inline mxml_node_t *find(mxml_node_t *tree, const char *name) {
-  if (tree != nullptr && mxmlGetType(tree) == MXML_ELEMENT && std::string(mxmlGetElement(tree)) == name) return tree;
+  if (tree != nullptr && mxmlGetType(tree) == MXML_ELEMENT &&
+      std::string(mxmlGetElement(tree)) == name)
+    return tree;
   return mxmlFindElement(tree, tree, name, nullptr, nullptr, MXML_DESCEND);
 }
 
 // A document parsed with every text run kept whole, owned for one test.
 struct Doc {
   mxml_node_t *tree;
-  explicit Doc(const std::string &xml) : tree(mxmlLoadString(nullptr, xml.c_str(), MXML_OPAQUE_CALLBACK)) {}
-  ~Doc() { if (tree != nullptr) mxmlDelete(tree); }
+  explicit Doc(const std::string &xml)
+      : tree(mxmlLoadString(nullptr, xml.c_str(), MXML_OPAQUE_CALLBACK)) {}
+  ~Doc() {
+    if (tree != nullptr) mxmlDelete(tree);
+  }
   Doc(const Doc &) = delete;
   mxml_node_t *speak() const { return find(tree, "speak"); }
   std::string str() const { return show(speak()); }
@@ -50,7 +57,9 @@ struct Replacer {
   explicit Replacer(const std::string &rules = "") : rejected(load(rules)) {}
   ~Replacer() { HReplacer_delete(r); }
   Replacer(const Replacer &) = delete;
-  int load(const std::string &rules) { return HReplacer_addRuleSet(r, rules.data(), static_cast<int>(rules.size())); }
+  int load(const std::string &rules) {
+    return HReplacer_addRuleSet(r, rules.data(), static_cast<int>(rules.size()));
+  }
   // The children of <speak> after running the rules over `body`.
   std::string run(const std::string &body) const {
     Doc doc("<speak>" + body + "</speak>");

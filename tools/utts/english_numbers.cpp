@@ -1,5 +1,6 @@
-// english_numbers.cpp - number words for American English: no "and" inside numbers, hyphens in
-// twenty-one .. ninety-nine, short scale (million, billion, trillion).
+// english_numbers.cpp - number words for American English: no "and" inside
+// numbers, hyphens in twenty-one .. ninety-nine, short scale (million, billion,
+// trillion).
 #include "utts/english_numbers.h"
 
 #include "bsr_cstr.h"
@@ -22,8 +23,8 @@ constexpr size_t kMaxCardinalDigits = 15;
 struct OrdinalForm {
   const char *cardinal, *ordinal;
 };
-const OrdinalForm kOrdinalForms[] = {{"one", "first"},  {"two", "second"}, {"three", "third"},
-                                     {"five", "fifth"}, {"eight", "eighth"}, {"nine", "ninth"},
+const OrdinalForm kOrdinalForms[] = {{"one", "first"},     {"two", "second"},   {"three", "third"},
+                                     {"five", "fifth"},    {"eight", "eighth"}, {"nine", "ninth"},
                                      {"twelve", "twelfth"}};
 
 bool all_digits(const std::string &s) {
@@ -133,7 +134,8 @@ bool say_year(const std::string &digits, std::string &out) {
   if (digits.size() != 4 || year < 1000) return say_cardinal(digits, out);
   int high = static_cast<int>(year / 100), low = static_cast<int>(year % 100);
   // 2000-2009 and 1000, 3000, ...: "two thousand five".
-  if ((high % 10 == 0 && low < 10) || (year >= 2000 && year < 2010)) return say_cardinal(digits, out);
+  if ((high % 10 == 0 && low < 10) || (year >= 2000 && year < 2010))
+    return say_cardinal(digits, out);
   add_word(out, below_hundred(high));
   if (low == 0) {
     add_word(out, "hundred");

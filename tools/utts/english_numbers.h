@@ -1,5 +1,5 @@
-// english_numbers.h - English number words: cardinals, ordinals, digit strings and years, the
-// building blocks of the readers that the front end registers.
+// english_numbers.h - English number words: cardinals, ordinals, digit strings
+// and years, the building blocks of the readers that the front end registers.
 #ifndef UTILS_UTTS_ENGLISH_NUMBERS_H
 #define UTILS_UTTS_ENGLISH_NUMBERS_H
 

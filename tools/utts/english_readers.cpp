@@ -1,5 +1,5 @@
-// english_readers.cpp - English readers for the elements of the bundled rule set and for say-as:
-// each turns a written form into words.
+// english_readers.cpp - English readers for the elements of the bundled rule
+// set and for say-as: each turns a written form into words.
 #include "utts/english_readers.h"
 
 #include <cstring>
@@ -103,7 +103,9 @@ int callback(const char *text, CStr *out) {
   return CStrAppend(out, words.c_str());
 }
 
-bool read_cardinal(const std::string &text, std::string &out) { return say_number(text.c_str(), out); }
+bool read_cardinal(const std::string &text, std::string &out) {
+  return say_number(text.c_str(), out);
+}
 
 bool read_ordinal(const std::string &text, std::string &out) {
   std::string digits;
@@ -161,8 +163,12 @@ bool read_abbreviation(const std::string &text, std::string &out) {
   return false;
 }
 
-bool read_date_ymd(const std::string &text, std::string &out) { return read_date(text, "ymd", out); }
-bool read_date_mdy(const std::string &text, std::string &out) { return read_date(text, "mdy", out); }
+bool read_date_ymd(const std::string &text, std::string &out) {
+  return read_date(text, "ymd", out);
+}
+bool read_date_mdy(const std::string &text, std::string &out) {
+  return read_date(text, "mdy", out);
+}
 
 const ReaderEntry kReaders[] = {
     {"xcardinal", callback<read_cardinal>},
@@ -207,7 +213,8 @@ bool read_money(const std::string &text, std::string &out) {
   if (!scale.empty()) {
     // "$3.5 million": the scale word follows the number as written.
     const std::string word = lowered(scale);
-    if (word != "thousand" && word != "million" && word != "billion" && word != "trillion") return false;
+    if (word != "thousand" && word != "million" && word != "billion" && word != "trillion")
+      return false;
     if (!say_number(number.c_str(), words)) return false;
     add_word(words, word);
     add_word(words, currency->major_plural);
@@ -225,7 +232,8 @@ bool read_money(const std::string &text, std::string &out) {
     } else {
       if (whole_digits.empty() && cents.empty()) return false;
       long cent_value = cents.empty() ? 0 : digit_value(cents);
-      bool no_whole = whole_digits.empty() || whole_digits.find_first_not_of('0') == std::string::npos;
+      bool no_whole =
+          whole_digits.empty() || whole_digits.find_first_not_of('0') == std::string::npos;
       if (!no_whole || cent_value == 0) {
         say_cardinal(whole_digits.empty() ? "0" : whole_digits, words);
         add_word(words, is_one(whole_digits) ? currency->major : currency->major_plural);
@@ -248,10 +256,17 @@ bool read_date(const std::string &text, const std::string &format, std::string &
   std::string year;
   for (size_t i = 0; i < format.size(); ++i) {
     switch (lower(format[i])) {
-      case 'y': year = runs[i]; break;
-      case 'm': month = digit_value(runs[i]); break;
-      case 'd': day = digit_value(runs[i]); break;
-      default: return false;
+      case 'y':
+        year = runs[i];
+        break;
+      case 'm':
+        month = digit_value(runs[i]);
+        break;
+      case 'd':
+        day = digit_value(runs[i]);
+        break;
+      default:
+        return false;
     }
   }
   if (month == 0) {
@@ -288,12 +303,10 @@ bool read_time(const std::string &text, std::string &out) {
   say_cardinal(runs[0], words);
   if (minute == 0 && letters.empty()) {
     add_word(words, "o'clock");
-  }
-  else if (minute > 0 && minute < 10) {
+  } else if (minute > 0 && minute < 10) {
     add_word(words, "oh");
     say_cardinal(runs[1], words);
-  }
-  else if (minute >= 10) {
+  } else if (minute >= 10) {
     say_cardinal(runs[1], words);
   }
   if (second > 0) {
@@ -356,7 +369,7 @@ bool read_characters(const std::string &text, std::string &out) {
 }
 
 int read_say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
-              const char *) {
+                const char *) {
   if (text == nullptr || interpret_as == nullptr) return 1;
   const std::string kind = lowered(interpret_as), written = trimmed(text);
   std::string words;

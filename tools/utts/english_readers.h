@@ -1,5 +1,6 @@
-// english_readers.h - the English readers that the front end registers with the converter: one
-// per element name of the bundled rule set, and the say-as reader.
+// english_readers.h - the English readers that the front end registers with the
+// converter: one per element name of the bundled rule set, and the say-as
+// reader.
 #ifndef UTILS_UTTS_ENGLISH_READERS_H
 #define UTILS_UTTS_ENGLISH_READERS_H
 
@@ -22,7 +23,7 @@ const ReaderEntry *english_readers();
 // dmy, ymd, or any shorter combination of y, m and d; mdy by default) and
 // time. Other values are refused, which leaves the element unchanged.
 int read_say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
-              const char *detail);
+                const char *detail);
 
 // The readers themselves, for direct use and tests. Each appends words to
 // `out` and returns false when the text is not what it reads.

@@ -1,5 +1,5 @@
-// english_tables.h - word tables of the English readers: months, currencies, units of measure,
-// abbreviations and the names of symbols spelled out.
+// english_tables.h - word tables of the English readers: months, currencies,
+// units of measure, abbreviations and the names of symbols spelled out.
 #ifndef UTILS_UTTS_ENGLISH_TABLES_H
 #define UTILS_UTTS_ENGLISH_TABLES_H
 

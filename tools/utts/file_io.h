@@ -1,5 +1,5 @@
-// file_io.h - whole-file reading and writing for the front end, with "-" standing for
-// standard input and output, and errors as one-line messages.
+// file_io.h - whole-file reading and writing for the front end, with "-"
+// standing for standard input and output, and errors as one-line messages.
 #ifndef UTILS_UTTS_FILE_IO_H
 #define UTILS_UTTS_FILE_IO_H
 

@@ -59,8 +59,10 @@ int main(int argc, char **argv) {
   if (std::strcmp(name, "help") == 0 || std::strcmp(name, "-h") == 0 ||
       std::strcmp(name, "--help") == 0) {
     const utts::Command *command = argc > 2 ? utts::find(argv[2]) : nullptr;
-    if (command != nullptr) std::fputs(command->usage, stdout);
-    else utts::print_usage(stdout);
+    if (command != nullptr)
+      std::fputs(command->usage, stdout);
+    else
+      utts::print_usage(stdout);
     return 0;
   }
   const utts::Command *command = utts::find(name);

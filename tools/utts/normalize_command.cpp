@@ -1,5 +1,5 @@
-// normalize_command.cpp - "utts normalize": parse SSML, run the rule sets and the English readers,
-// mirror the result in an utterance and save it as SSML.
+// normalize_command.cpp - "utts normalize": parse SSML, run the rule sets and
+// the English readers, mirror the result in an utterance and save it as SSML.
 #include "utts/command.h"
 
 #include <mxml.h>
@@ -86,7 +86,7 @@ bool parse_options(int argc, char **argv, Options &options, std::string &error) 
 
 // Loads one rule set; on rejected lines returns false with a message.
 bool load_rules(TextNormalizer &normalizer, const std::string &text, const std::string &name,
-               std::string &error) {
+                std::string &error) {
   std::vector<int> rejected;
   {
     // RE2 prints its own complaint about a bad pattern; ours names the line.
@@ -148,17 +148,20 @@ int run_normalize(int argc, char **argv) {
   TextNormalizer normalizer;
   if (!normalizer.ok()) return fail("out of memory");
   if (options.rule_files.empty()) {
-    if (!load_rules(normalizer, std::string(kEnglishRules, kEnglishRulesSize), "bundled rules", error))
+    if (!load_rules(normalizer, std::string(kEnglishRules, kEnglishRulesSize), "bundled rules",
+                    error))
       return fail(error);
   }
   for (const std::string &file : options.rule_files) {
     std::string text;
-    if (!read_all(file, text, error) || !load_rules(normalizer, text, file, error)) return fail(error);
+    if (!read_all(file, text, error) || !load_rules(normalizer, text, file, error))
+      return fail(error);
   }
 
   std::string ssml;
   if (!read_all(options.input, ssml, error)) return fail(error);
-  const std::string input_name = options.input == "-" ? "standard input" : "'" + options.input + "'";
+  const std::string input_name =
+      options.input == "-" ? "standard input" : "'" + options.input + "'";
   g_parseError.clear();
   mxmlSetErrorCallback(keep_parse_error);
   // The document goes under a holder node: on a parse error Mini-XML frees
@@ -182,9 +185,8 @@ int run_normalize(int argc, char **argv) {
 }
 
 const Command kCommand = {
-    "normalize",
-    "turn numbers, dates, times, money, measures and abbreviations into words",
-    kUsage, run_normalize};
+    "normalize", "turn numbers, dates, times, money, measures and abbreviations into words", kUsage,
+    run_normalize};
 const Registration kRegistration(kCommand);
 
 }  // namespace

@@ -1,4 +1,5 @@
-// text_normalizer.cpp - the front end's normaliser: owns one replacer and one converter.
+// text_normalizer.cpp - the front end's normaliser: owns one replacer and one
+// converter.
 #include "utts/text_normalizer.h"
 
 #include "utts/english_readers.h"

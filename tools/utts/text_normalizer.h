@@ -1,5 +1,6 @@
-// text_normalizer.h - text normalisation as the front end runs it: rule sets applied by the
-// library's replacer, then the converter with the English readers.
+// text_normalizer.h - text normalisation as the front end runs it: rule sets
+// applied by the library's replacer, then the converter with the English
+// readers.
 #ifndef UTILS_UTTS_TEXT_NORMALIZER_H
 #define UTILS_UTTS_TEXT_NORMALIZER_H
 

@@ -1,5 +1,6 @@
-// hconverter_class.cpp - turning rule elements (x...) and say-as elements into sub elements whose
-// "alias" holds the spoken form. Children are converted before their parent.
+// hconverter_class.cpp - turning rule elements (x...) and say-as elements into
+// sub elements whose "alias" holds the spoken form. Children are converted
+// before their parent.
 #include "NLP/NLP_TextNorm/hconverter_class.h"
 
 namespace {
@@ -83,7 +84,8 @@ void HConverter::convert_rule_element(mxml_node_t *element, CStr *work) {
   auto found = callbacks_.find(mxmlGetElement(element));
   if (found != callbacks_.end() && found->second(leading_text(element), work) == 0 &&
       CStrStr(work) != nullptr) {
-    if (mxml_node_t *target = spoken_target(element); target != nullptr) mxmlSetOpaque(target, CStrStr(work));
+    if (mxml_node_t *target = spoken_target(element); target != nullptr)
+      mxmlSetOpaque(target, CStrStr(work));
   }
   const char *src = mxmlElementGetAttr(element, "src");
   // After a failed append the work string has no buffer left to reuse.

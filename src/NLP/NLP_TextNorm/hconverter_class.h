@@ -1,5 +1,6 @@
-// hconverter_class.h - the converter object behind the exported HConverter_* functions: the
-// callbacks by element name and the say-as callback, and the tree rewrite.
+// hconverter_class.h - the converter object behind the exported HConverter_*
+// functions: the callbacks by element name and the say-as callback, and the
+// tree rewrite.
 #ifndef UTILS_NLP_TEXTNORM_HCONVERTER_CLASS_H
 #define UTILS_NLP_TEXTNORM_HCONVERTER_CLASS_H
 

@@ -1,4 +1,5 @@
-// hreplacer_class.cpp - loading rules into a replacer and running them over a document.
+// hreplacer_class.cpp - loading rules into a replacer and running them over a
+// document.
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
 
 #include "NLP/NLP_TextNorm/rule_pass.h"
@@ -30,13 +31,13 @@ int HReplacer::add_rule(re2::StringPiece pattern, re2::StringPiece rewrite) {
 }
 
 int HReplacer::add_rule(const char *pattern, const char *rewrite) {
-  return add_rule(re2::StringPiece(pattern != nullptr ? pattern : ""), re2::StringPiece(rewrite != nullptr ? rewrite : ""));
+  return add_rule(re2::StringPiece(pattern != nullptr ? pattern : ""),
+                  re2::StringPiece(rewrite != nullptr ? rewrite : ""));
 }
 
 int HReplacer::add_rule_set(const char *text, int length) {
-  return utils::textnorm::read_rule_set(text, length, [this](re2::StringPiece p, re2::StringPiece r) {
-    return add_rule(p, r) == 1;
-  });
+  return utils::textnorm::read_rule_set(
+      text, length, [this](re2::StringPiece p, re2::StringPiece r) { return add_rule(p, r) == 1; });
 }
 
 void HReplacer::apply_all(utils::textnorm::TextQueue &queue) const {
@@ -56,7 +57,8 @@ mxml_node_t *HReplacer::replace_text(const char *text) {
   mxml_node_t *speak = mxmlNewElement(document, "speak");
   if (speak != nullptr && text != nullptr) {
     utils::textnorm::TextQueue queue;
-    if (mxml_node_t *child = mxmlNewOpaque(speak, text); child != nullptr) utils::textnorm::push_text(queue, child);
+    if (mxml_node_t *child = mxmlNewOpaque(speak, text); child != nullptr)
+      utils::textnorm::push_text(queue, child);
     apply_all(queue);
   }
   return document;

@@ -1,5 +1,6 @@
-// hreplacer_class.h - the replacer object behind the exported HReplacer_* functions: an ordered
-// list of rules and the operations that load and apply them.
+// hreplacer_class.h - the replacer object behind the exported HReplacer_*
+// functions: an ordered list of rules and the operations that load and apply
+// them.
 #ifndef UTILS_NLP_TEXTNORM_HREPLACER_CLASS_H
 #define UTILS_NLP_TEXTNORM_HREPLACER_CLASS_H
 

@@ -1,5 +1,6 @@
-// local_object.h - objects of the text normalisation classes live in the local allocator:
-// zero-filled blocks, and a null result (not an exception) when memory runs out.
+// local_object.h - objects of the text normalisation classes live in the local
+// allocator: zero-filled blocks, and a null result (not an exception) when
+// memory runs out.
 #ifndef UTILS_NLP_TEXTNORM_LOCAL_OBJECT_H
 #define UTILS_NLP_TEXTNORM_LOCAL_OBJECT_H
 

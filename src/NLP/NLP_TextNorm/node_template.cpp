@@ -1,5 +1,6 @@
-// node_template.cpp - generation of replacement nodes from rewrite templates: elements, text
-// built from literals and submatches, and text copied from one submatch.
+// node_template.cpp - generation of replacement nodes from rewrite templates:
+// elements, text built from literals and submatches, and text copied from one
+// submatch.
 #include "NLP/NLP_TextNorm/node_template.h"
 
 namespace utils::textnorm {

@@ -1,5 +1,5 @@
-// node_template.h - rewrite templates: a small tree of objects that builds the element which
-// replaces one rule match, filling in the match's capture groups.
+// node_template.h - rewrite templates: a small tree of objects that builds the
+// element which replaces one rule match, filling in the match's capture groups.
 #ifndef UTILS_NLP_TEXTNORM_NODE_TEMPLATE_H
 #define UTILS_NLP_TEXTNORM_NODE_TEMPLATE_H
 

@@ -1,5 +1,5 @@
-// replace_rule.h - one rule of a replacer: a compiled pattern and the template of the element
-// that replaces each match.
+// replace_rule.h - one rule of a replacer: a compiled pattern and the template
+// of the element that replaces each match.
 #ifndef UTILS_NLP_TEXTNORM_REPLACE_RULE_H
 #define UTILS_NLP_TEXTNORM_REPLACE_RULE_H
 
@@ -16,9 +16,9 @@ struct ReplaceRule : LocalObject {
   static ReplaceRule *make(re2::StringPiece pattern, re2::StringPiece rewrite);
   ~ReplaceRule();
 
-  re2::RE2 *pattern = nullptr;             // owned
-  ElementTemplate *rewrite = nullptr;      // owned
-  ReplaceRule *prev = nullptr;             // neighbours in the replacer's list
+  re2::RE2 *pattern = nullptr;         // owned
+  ElementTemplate *rewrite = nullptr;  // owned
+  ReplaceRule *prev = nullptr;         // neighbours in the replacer's list
   ReplaceRule *next = nullptr;
 };
 

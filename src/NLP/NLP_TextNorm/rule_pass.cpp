@@ -1,6 +1,7 @@
-// rule_pass.cpp - cutting matches out of text nodes. For each match only the stretch from the
-// first to the last non-empty capture group is replaced; text before it stays
-// as text, and text after it is searched again by the same rule.
+// rule_pass.cpp - cutting matches out of text nodes. For each match only the
+// stretch from the first to the last non-empty capture group is replaced; text
+// before it stays as text, and text after it is searched again by the same
+// rule.
 #include "NLP/NLP_TextNorm/rule_pass.h"
 
 #include <string>
@@ -44,7 +45,7 @@ size_t char_length(const re2::StringPiece &text, size_t at) {
 
 // Links a new text node holding text[from, to) before `anchor` and queues it.
 void insert_text(mxml_node_t *anchor, const re2::StringPiece &text, size_t from, size_t to,
-                TextQueue &queue) {
+                 TextQueue &queue) {
   std::string copy(text.data() + from, to - from);
   mxml_node_t *node = mxmlNewOpaque(MXML_NO_PARENT, copy.c_str());
   if (node == nullptr) return;
@@ -55,7 +56,7 @@ void insert_text(mxml_node_t *anchor, const re2::StringPiece &text, size_t from,
 // Links the rule's element for one match before `anchor`, recording the
 // text it replaces in "src". Nothing is linked when the template made nothing.
 void insert_element(const ReplaceRule &rule, mxml_node_t *anchor, const re2::StringPiece &text,
-                   const Cut &cut, const std::vector<re2::StringPiece> &groups) {
+                    const Cut &cut, const std::vector<re2::StringPiece> &groups) {
   mxml_node_t *made = rule.rewrite->generate(groups.data());
   if (made == nullptr) return;
   std::string src(text.data() + cut.start, cut.end - cut.start);
@@ -66,7 +67,7 @@ void insert_element(const ReplaceRule &rule, mxml_node_t *anchor, const re2::Str
 // Rewrites one text node; returns false (and changes nothing) when the rule
 // does not match it.
 bool rewrite_node(const ReplaceRule &rule, const QueuedText &entry, TextQueue &queue,
-                 std::vector<re2::StringPiece> &groups) {
+                  std::vector<re2::StringPiece> &groups) {
   const re2::StringPiece text(entry.text, entry.length);
   // Most nodes do not match most rules. Asking only whether there is a match
   // lets RE2 skip the submatch machinery, which costs more than the search.

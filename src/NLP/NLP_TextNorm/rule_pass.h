@@ -1,5 +1,5 @@
-// rule_pass.h - one rule applied to every queued text node: matches are cut out of the
-// text and replaced by the elements the rule's template builds.
+// rule_pass.h - one rule applied to every queued text node: matches are cut out
+// of the text and replaced by the elements the rule's template builds.
 #ifndef UTILS_NLP_TEXTNORM_RULE_PASS_H
 #define UTILS_NLP_TEXTNORM_RULE_PASS_H
 

@@ -1,5 +1,5 @@
-// rule_set_reader.h - splitting a rule-set text into rules: one "pattern TAB template" per line,
-// with the counting rules for comments and rejected lines.
+// rule_set_reader.h - splitting a rule-set text into rules: one "pattern TAB
+// template" per line, with the counting rules for comments and rejected lines.
 #ifndef UTILS_NLP_TEXTNORM_RULE_SET_READER_H
 #define UTILS_NLP_TEXTNORM_RULE_SET_READER_H
 

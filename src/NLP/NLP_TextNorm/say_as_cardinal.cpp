@@ -1,5 +1,5 @@
-// say_as_cardinal.cpp - SayAsCardinal: splits a written number into sign, integer digits and
-// fraction digits for the readers that speak it.
+// say_as_cardinal.cpp - SayAsCardinal: splits a written number into sign,
+// integer digits and fraction digits for the readers that speak it.
 #include "hconverter.h"
 
 namespace {

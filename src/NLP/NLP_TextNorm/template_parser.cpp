@@ -1,5 +1,6 @@
-// template_parser.cpp - a recursive-descent reader of rewrite templates. Every failure unwinds by
-// deleting the partly built tree, so a rejected template leaks nothing.
+// template_parser.cpp - a recursive-descent reader of rewrite templates. Every
+// failure unwinds by deleting the partly built tree, so a rejected template
+// leaks nothing.
 #include "NLP/NLP_TextNorm/template_parser.h"
 
 #include <memory>

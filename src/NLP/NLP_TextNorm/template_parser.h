@@ -1,4 +1,5 @@
-// template_parser.h - reading the rewrite-template language of rule sets into a template tree:
+// template_parser.h - reading the rewrite-template language of rule sets into a
+// template tree:
 //   "...?0..?name:1.."  or  name{ "..." child{...} ... }
 #ifndef UTILS_NLP_TEXTNORM_TEMPLATE_PARSER_H
 #define UTILS_NLP_TEXTNORM_TEMPLATE_PARSER_H

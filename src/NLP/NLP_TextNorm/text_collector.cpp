@@ -1,5 +1,6 @@
-// text_collector.cpp - the walk that gathers rewritable text nodes. Its two fixed patterns are
-// compiled on first use; C++ makes that first use thread-safe.
+// text_collector.cpp - the walk that gathers rewritable text nodes. Its two
+// fixed patterns are compiled on first use; C++ makes that first use thread-
+// safe.
 #include "NLP/NLP_TextNorm/text_collector.h"
 
 #include <re2/re2.h>

@@ -1,5 +1,5 @@
-// text_collector.h - finding the text a replacer may rewrite: the text nodes under a node,
-// in document order, outside protected elements.
+// text_collector.h - finding the text a replacer may rewrite: the text nodes
+// under a node, in document order, outside protected elements.
 #ifndef UTILS_NLP_TEXTNORM_TEXT_COLLECTOR_H
 #define UTILS_NLP_TEXTNORM_TEXT_COLLECTOR_H
 

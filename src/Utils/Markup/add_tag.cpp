@@ -8,10 +8,10 @@
 #include "Utils/Markup/tag_list.h"
 #include "utt_walk.h"
 
-using utils::markup::tag_of;
+using utils::markup::AncestorWalk;
 using utils::markup::is_element;
 using utils::markup::tag_in_list;
-using utils::markup::AncestorWalk;
+using utils::markup::tag_of;
 
 namespace {
 
@@ -100,7 +100,9 @@ void visit(AncestorWalk &walk, Run &run, const TagRequest &req) {
 extern "C" UTILS_API int AddTag(item *root, const bsr_wchar *tag, const bsr_wchar *child_list,
                                 const bsr_wchar *parent_list, AddTag_callback on_text,
                                 AddTag_callback on_element, void *user_data) {
-  if (root == nullptr || item_daughter(root) == nullptr || on_text == nullptr || on_element == nullptr) return 1;
+  if (root == nullptr || item_daughter(root) == nullptr || on_text == nullptr ||
+      on_element == nullptr)
+    return 1;
   TagRequest req = {tag, child_list, parent_list, on_text, on_element, user_data};
   AncestorWalk walk(root);
   Run run;

@@ -6,10 +6,10 @@
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tag_list.h"
 
-using utils::markup::mark_tag_name;
+using utils::markup::kEndMarkFeature;
 using utils::markup::kNameFeature;
 using utils::markup::kStartMarkFeature;
-using utils::markup::kEndMarkFeature;
+using utils::markup::mark_tag_name;
 
 namespace {
 

@@ -34,7 +34,9 @@ void link_last_daughter(item *parent, item *i) {
 }  // namespace
 
 extern "C" UTILS_API void move_tree(item *new_parent, item *i) {
-  if (new_parent == nullptr || i == nullptr || new_parent == i || new_parent->relation != i->relation) return;
+  if (new_parent == nullptr || i == nullptr || new_parent == i ||
+      new_parent->relation != i->relation)
+    return;
   unlink(i);
   link_last_daughter(new_parent, i);
 }

@@ -47,7 +47,8 @@ uint64_t word_at(const char *s, uint32_t bytes) {
 // ones) and mixed with the 64-bit finalizer of MurmurHash3; the slot check
 // compares the whole key anyway.
 uint32_t hash_of(const char *s, uint32_t length, bool lead_blank) {
-  uint64_t h = (static_cast<uint64_t>(length) << 1 | (lead_blank ? 1u : 0u)) * 0x9E3779B97F4A7C15ull;
+  uint64_t h =
+      (static_cast<uint64_t>(length) << 1 | (lead_blank ? 1u : 0u)) * 0x9E3779B97F4A7C15ull;
   if (length >= 8) {
     h ^= word_at(s, 8) ^ (word_at(s + length - 8, 8) * 0xC2B2AE3D27D4EB4Full);
     if (length > 16) h += word_at(s + 8, 8) * 0x165667B19E3779F9ull;

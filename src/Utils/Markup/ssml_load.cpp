@@ -8,10 +8,10 @@
 #include "Utils/Markup/shared_values.h"
 #include "Utils/Markup/ssml_names.h"
 
+using utils::markup::kRelationName;
+using utils::markup::kRootElement;
 using utils::markup::kTagFeature;
 using utils::markup::kTextFeature;
-using utils::markup::kRootElement;
-using utils::markup::kRelationName;
 using utils::markup::SharedValues;
 
 namespace {
@@ -27,7 +27,8 @@ NodeKind kind_of(mxml_node_t *node) {
     case MXML_ELEMENT: {
       const char *name = mxmlGetElement(node);
       if (name == nullptr || !name[0]) return NodeKind::kSkipped;
-      if (name[0] == '!') return mxmlGetCDATA(node) != nullptr ? NodeKind::kText : NodeKind::kSkipped;
+      if (name[0] == '!')
+        return mxmlGetCDATA(node) != nullptr ? NodeKind::kText : NodeKind::kSkipped;
       return name[0] == '?' ? NodeKind::kSkipped : NodeKind::kElement;
     }
     case MXML_OPAQUE:
@@ -45,7 +46,8 @@ struct Converter {
 
 void set_wide(item *it, const char *name, const char *utf8, Converter &conv,
               bool lead_blank = false) {
-  if (val *v = conv.values.get(utf8 != nullptr ? utf8 : "", lead_blank); v != nullptr) item_set(it, name, v);
+  if (val *v = conv.values.get(utf8 != nullptr ? utf8 : "", lead_blank); v != nullptr)
+    item_set(it, name, v);
 }
 
 // "tag" first, then the attributes from the last to the first: the item's
@@ -141,9 +143,7 @@ void build_tree(utterance *u, mxml_node_t *speak) {
 // private to the library, so silencing its messages affects nobody else.
 void quiet_parse_errors(const char *) {}
 
-bool is_root_element(mxml_node_t *node) {
-  return kind_of(node) == NodeKind::kElement;
-}
+bool is_root_element(mxml_node_t *node) { return kind_of(node) == NodeKind::kElement; }
 
 int count_root_elements(mxml_node_t *holder) {
   int count = 0;
@@ -163,7 +163,8 @@ mxml_node_t *parse_document(const char *ssml) {
   mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "#document");
   if (holder == nullptr) return nullptr;
   mxmlSetErrorCallback(quiet_parse_errors);
-  if (mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr || count_root_elements(holder) != 1) {
+  if (mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr ||
+      count_root_elements(holder) != 1) {
     mxmlDelete(holder);
     return nullptr;
   }

@@ -9,11 +9,11 @@
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tree_visit.h"
 
-using utils::markup::tag_of;
 using utils::markup::is_element;
-using utils::markup::kTextFeature;
 using utils::markup::kRelationName;
+using utils::markup::kTextFeature;
 using utils::markup::ScratchText;
+using utils::markup::tag_of;
 using utils::markup::visit_tree;
 
 namespace {
@@ -50,7 +50,8 @@ class SsmlWriter {
   }
 
   void write_text(item *i) {
-    if (const char *text = scratch_.utf8_from_wide(item_feat_wstring(i, kTextFeature)); text != nullptr) {
+    if (const char *text = scratch_.utf8_from_wide(item_feat_wstring(i, kTextFeature));
+        text != nullptr) {
       fputs(text, out_);
     }
   }

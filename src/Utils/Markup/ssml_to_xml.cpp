@@ -7,12 +7,12 @@
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tree_visit.h"
 
-using utils::markup::tag_of;
 using utils::markup::is_element;
+using utils::markup::kRelationName;
 using utils::markup::kTagFeature;
 using utils::markup::kTextFeature;
-using utils::markup::kRelationName;
 using utils::markup::ScratchText;
+using utils::markup::tag_of;
 using utils::markup::visit_tree;
 
 // Mini-XML 3.x has no hook for installing another allocator: its nodes and
@@ -45,7 +45,8 @@ class XmlBuilder {
   // One attribute per feature but "tag", in list order; a value that is not
   // a wide string gives an empty attribute.
   void add_attributes(mxml_node_t *element, item *i) {
-    for (feature_pair *p = item_feats(i) != nullptr ? item_feats(i)->head : nullptr; p != nullptr; p = p->next) {
+    for (feature_pair *p = item_feats(i) != nullptr ? item_feats(i)->head : nullptr; p != nullptr;
+         p = p->next) {
       if (p->name == nullptr || bsr_strcmp(p->name, kTagFeature) == 0) continue;
       const char *value = scratch_.utf8_from_wide(val_wstring(p->value));
       mxmlElementSetAttr(element, p->name, value != nullptr ? value : "");

@@ -17,7 +17,8 @@ bool spaced_at(const bsr_wchar *list, const bsr_wchar *hit, uint32_t len) {
 }
 
 bool occurs_spaced(const bsr_wchar *list, const bsr_wchar *name, uint32_t len) {
-  for (const bsr_wchar *hit = bsr_wcsstr(list, name); hit != nullptr; hit = bsr_wcsstr(hit + 1, name)) {
+  for (const bsr_wchar *hit = bsr_wcsstr(list, name); hit != nullptr;
+       hit = bsr_wcsstr(hit + 1, name)) {
     if (spaced_at(list, hit, len)) return true;
   }
   return false;

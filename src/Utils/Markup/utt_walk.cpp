@@ -39,20 +39,23 @@ UTILS_API item *utt_walk_next(item *i, item *top, int descend) {
 
 UTILS_API item *utt_walk_prev(item *i, item *top, int descend) {
   if (i == nullptr || i == top) return nullptr;
-  if (item *sibling = item_prev(i); sibling != nullptr) return descend ? deepest_last_descendant(sibling) : sibling;
+  if (item *sibling = item_prev(i); sibling != nullptr)
+    return descend ? deepest_last_descendant(sibling) : sibling;
   item *parent = item_parent(i);
   return parent == top ? nullptr : parent;
 }
 
 UTILS_API item *utt_walk_next_tag(item *i, item *top, int descend, const bsr_wchar *tag) {
-  for (item *cur = utt_walk_next(i, top, descend); cur != nullptr; cur = utt_walk_next(cur, top, descend)) {
+  for (item *cur = utt_walk_next(i, top, descend); cur != nullptr;
+       cur = utt_walk_next(cur, top, descend)) {
     if (has_tag(cur, tag)) return cur;
   }
   return nullptr;
 }
 
 UTILS_API item *utt_walk_prev_tag(item *i, item *top, int descend, const bsr_wchar *tag) {
-  for (item *cur = utt_walk_prev(i, top, descend); cur != nullptr; cur = utt_walk_prev(cur, top, descend)) {
+  for (item *cur = utt_walk_prev(i, top, descend); cur != nullptr;
+       cur = utt_walk_prev(cur, top, descend)) {
     if (has_tag(cur, tag)) return cur;
   }
   return nullptr;

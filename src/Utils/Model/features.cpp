@@ -1,5 +1,5 @@
-// features.cpp - feature sets: making and deleting them, setting, finding and removing
-// named values (newest name first; a replaced value keeps its place).
+// features.cpp - feature sets: making and deleting them, setting, finding and
+// removing named values (newest name first; a replaced value keeps its place).
 #include <cstring>
 
 #include "Utils/Model/feature_store.h"

@@ -1,13 +1,14 @@
-// features_copy_print.cpp - feature sets beyond the basics: copying into another set (values shared),
-// printing as markup attributes, and readers with the caller's default.
+// features_copy_print.cpp - feature sets beyond the basics: copying into
+// another set (values shared), printing as markup attributes, and readers with
+// the caller's default.
 #include <cstdio>
 
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "utt_features.h"
 
-using utils::model::int_of;
 using utils::model::float_of;
+using utils::model::int_of;
 
 extern "C" {
 

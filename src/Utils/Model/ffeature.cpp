@@ -1,14 +1,14 @@
-// ffeature.cpp - feature paths: one walker that follows the steps of a path ("n", "parent",
-// "R:Word", ...) from an item, answering either the final feature name or the
-// item reached. It copies the path into a fixed stack buffer and allocates
-// nothing.
-#include "bsr_string.h"
-#include "utt_ffeature.h"
+// ffeature.cpp - feature paths: one walker that follows the steps of a path
+// ("n", "parent", "R:Word", ...) from an item, answering either the final
+// feature name or the item reached. It copies the path into a fixed stack
+// buffer and allocates nothing.
 #include "Utils/Model/feature_store.h"
 #include "Utils/Model/val_cell.h"
+#include "bsr_string.h"
+#include "utt_ffeature.h"
 
-using utils::model::int_of;
 using utils::model::float_of;
+using utils::model::int_of;
 
 namespace {
 
@@ -46,7 +46,17 @@ bool tokenize(const char *path, Tokens *t) {
   return true;
 }
 
-enum class Step { kUnknown, kNext, kPrev, kNextNext, kPrevPrev, kParent, kDaughter, kLastDaughter, kRelation };
+enum class Step {
+  kUnknown,
+  kNext,
+  kPrev,
+  kNextNext,
+  kPrevPrev,
+  kParent,
+  kDaughter,
+  kLastDaughter,
+  kRelation
+};
 
 Step step_of(const char *token) {
   switch (token[0]) {
@@ -64,15 +74,17 @@ Step step_of(const char *token) {
         return Step::kDaughter;
       if (bsr_strcmp(token, "daughtern") == 0) return Step::kLastDaughter;
       return Step::kUnknown;
-    case 'R': return token[1] == '\0' ? Step::kRelation : Step::kUnknown;
-    default: return Step::kUnknown;
+    case 'R':
+      return token[1] == '\0' ? Step::kRelation : Step::kUnknown;
+    default:
+      return Step::kUnknown;
   }
 }
 
 struct Walk {
-  const item *at;     // where the walk stands (null once it walked off)
-  int next_token;     // index of the first token not consumed
-  bool failed;        // an unknown step or an over-long path
+  const item *at;  // where the walk stands (null once it walked off)
+  int next_token;  // index of the first token not consumed
+  bool failed;     // an unknown step or an over-long path
 };
 
 // Takes steps from tokens[0] while the current item is not null, up to but
@@ -82,19 +94,35 @@ Walk walk(const item *start, const Tokens &t, int stop) {
   while (w.at != nullptr && w.next_token < stop) {
     const char *token = t.token[w.next_token++];
     switch (step_of(token)) {
-      case Step::kNext: w.at = item_next(w.at); break;
-      case Step::kPrev: w.at = item_prev(w.at); break;
-      case Step::kNextNext: w.at = item_next(item_next(w.at)); break;
-      case Step::kPrevPrev: w.at = item_prev(item_prev(w.at)); break;
-      case Step::kParent: w.at = item_parent(w.at); break;
-      case Step::kDaughter: w.at = item_daughter(w.at); break;
-      case Step::kLastDaughter: w.at = item_last_daughter(w.at); break;
+      case Step::kNext:
+        w.at = item_next(w.at);
+        break;
+      case Step::kPrev:
+        w.at = item_prev(w.at);
+        break;
+      case Step::kNextNext:
+        w.at = item_next(item_next(w.at));
+        break;
+      case Step::kPrevPrev:
+        w.at = item_prev(item_prev(w.at));
+        break;
+      case Step::kParent:
+        w.at = item_parent(w.at);
+        break;
+      case Step::kDaughter:
+        w.at = item_daughter(w.at);
+        break;
+      case Step::kLastDaughter:
+        w.at = item_last_daughter(w.at);
+        break;
       case Step::kRelation:
         // The relation name is the next token; a path ending in "R" names
         // no relation and walks off.
         w.at = w.next_token < t.count ? item_as(w.at, t.token[w.next_token++]) : nullptr;
         break;
-      case Step::kUnknown: w.failed = true; return w;
+      case Step::kUnknown:
+        w.failed = true;
+        return w;
     }
   }
   return w;

@@ -1,5 +1,5 @@
-// item_contents.cpp - item contents: one record per object, shared by its items in every
-// relation, alive while some relation holds an item of it.
+// item_contents.cpp - item contents: one record per object, shared by its items
+// in every relation, alive while some relation holds an item of it.
 #include "Utils/Model/item_contents.h"
 
 #include "Utils/Model/feature_store.h"

@@ -1,5 +1,6 @@
-// item_contents.h - attaching item contents (the features an object shares across relations)
-// to items, and detaching them, which frees them with their last item.
+// item_contents.h - attaching item contents (the features an object shares
+// across relations) to items, and detaching them, which frees them with their
+// last item.
 #ifndef UTILS_MODEL_ITEM_CONTENTS_H
 #define UTILS_MODEL_ITEM_CONTENTS_H
 

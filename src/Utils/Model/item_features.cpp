@@ -1,11 +1,12 @@
-// item_features.cpp - an item's features are its contents' set, seen the same from every
-// relation holding the object; these forward to the feature-set functions.
+// item_features.cpp - an item's features are its contents' set, seen the same
+// from every relation holding the object; these forward to the feature-set
+// functions.
 #include "utterance.h"
 
 #include "Utils/Model/val_cell.h"
 
-using utils::model::int_of;
 using utils::model::float_of;
+using utils::model::int_of;
 
 namespace {
 
@@ -27,9 +28,7 @@ UTILS_API int item_feat_present(const item *i, const char *name) {
   return feat_present(feats_of(i), name);
 }
 
-UTILS_API int item_feat_remove(item *i, const char *name) {
-  return feat_remove(feats_of(i), name);
-}
+UTILS_API int item_feat_remove(item *i, const char *name) { return feat_remove(feats_of(i), name); }
 
 UTILS_API int32_t item_feat_int(const item *i, const char *name) {
   return int_of(feat_val(feats_of(i), name));

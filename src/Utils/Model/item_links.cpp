@@ -1,10 +1,11 @@
-// item_links.cpp - items as nodes of a relation: reading sibling and tree links, inserting new
-// items around an item or under it, and deleting an item with its subtree.
+// item_links.cpp - items as nodes of a relation: reading sibling and tree
+// links, inserting new items around an item or under it, and deleting an item
+// with its subtree.
 #include "Utils/Model/item_contents.h"
 #include "Utils/TextMemory/private_heap.h"
 
-using utils::model::heap_of;
 using utils::model::detach_contents;
+using utils::model::heap_of;
 
 namespace {
 
@@ -43,9 +44,7 @@ UTILS_API item *item_prev(const item *i) { return i != nullptr ? i->prev : nullp
 
 UTILS_API item *item_daughter(const item *i) { return i != nullptr ? i->down : nullptr; }
 
-UTILS_API item *item_parent(const item *i) {
-  return i != nullptr ? first_sibling(i)->up : nullptr;
-}
+UTILS_API item *item_parent(const item *i) { return i != nullptr ? first_sibling(i)->up : nullptr; }
 
 UTILS_API item *item_nth_daughter(const item *i, int n) {
   if (i == nullptr || n < 0) return nullptr;

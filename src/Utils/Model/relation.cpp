@@ -1,11 +1,11 @@
-// relation.cpp - relations: named lists (or trees) of items on their utterance's heap, and
-// the making of new items with shared or fresh contents.
+// relation.cpp - relations: named lists (or trees) of items on their
+// utterance's heap, and the making of new items with shared or fresh contents.
 #include "Utils/Model/item_contents.h"
 #include "Utils/TextMemory/private_heap.h"
 #include "bsr_string.h"
 
-using utils::model::heap_of;
 using utils::model::attach_contents;
+using utils::model::heap_of;
 
 namespace {
 
@@ -66,8 +66,10 @@ UTILS_API item *relation_append(relation *r, const item *shared) {
   item *i = new_item_relation(r, shared);
   if (i == nullptr) return nullptr;
   i->prev = r->tail;
-  if (r->tail != nullptr) r->tail->next = i;
-  else r->head = i;
+  if (r->tail != nullptr)
+    r->tail->next = i;
+  else
+    r->head = i;
   r->tail = i;
   return i;
 }
@@ -76,8 +78,10 @@ UTILS_API item *relation_prepend(relation *r, const item *shared) {
   item *i = new_item_relation(r, shared);
   if (i == nullptr) return nullptr;
   i->next = r->head;
-  if (r->head != nullptr) r->head->prev = i;
-  else r->tail = i;
+  if (r->head != nullptr)
+    r->head->prev = i;
+  else
+    r->tail = i;
   r->head = i;
   return i;
 }

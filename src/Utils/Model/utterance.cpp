@@ -1,5 +1,5 @@
-// utterance.cpp - utterances: a private heap, the utterance's features, its feature
-// functions and its table of named relations.
+// utterance.cpp - utterances: a private heap, the utterance's features, its
+// feature functions and its table of named relations.
 #include "utterance.h"
 
 #include "Utils/Model/feature_store.h"

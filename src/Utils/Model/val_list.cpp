@@ -1,10 +1,10 @@
-// val_list.cpp - Lisp-style lists of values: length, in-place reverse and append, replacing
-// car and cdr, and membership and association searches.
+// val_list.cpp - Lisp-style lists of values: length, in-place reverse and
+// append, replacing car and cdr, and membership and association searches.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 
-using utils::model::cell_is_cons;
 using utils::model::cell_is_atom_of;
+using utils::model::cell_is_cons;
 using utils::model::cell_mut;
 using utils::model::kValWstring;
 

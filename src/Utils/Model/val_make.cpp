@@ -1,22 +1,22 @@
-// val_make.cpp - making values: atoms of every type, cons cells, and the clamped lookups of
-// the constant integers and strings.
+// val_make.cpp - making values: atoms of every type, cons cells, and the
+// clamped lookups of the constant integers and strings.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 
 using utils::model::cell_mut;
-using utils::model::wstring_in_cell_block;
-using utils::model::kValInt;
+using utils::model::kValCart;
+using utils::model::kValFeatures;
+using utils::model::kValFfunc;
 using utils::model::kValFloat;
-using utils::model::kValWstring;
+using utils::model::kValInt;
+using utils::model::kValItem;
+using utils::model::kValItemfunc;
+using utils::model::kValRelation;
+using utils::model::kValUserdata;
 using utils::model::kValUtterance;
 using utils::model::kValUttfunc;
-using utils::model::kValFfunc;
-using utils::model::kValRelation;
-using utils::model::kValItem;
-using utils::model::kValCart;
-using utils::model::kValUserdata;
-using utils::model::kValItemfunc;
-using utils::model::kValFeatures;
+using utils::model::kValWstring;
+using utils::model::wstring_in_cell_block;
 
 namespace {
 
@@ -85,9 +85,7 @@ UTILS_API val *cons_val(const val *car, const val *cdr) {
 
 UTILS_API const val *val_int_n(int32_t n) { return utils_val_int_table[clamp_constant(n)]; }
 
-UTILS_API const val *val_string_n(int32_t n) {
-  return utils_val_string_table[clamp_constant(n)];
-}
+UTILS_API const val *val_string_n(int32_t n) { return utils_val_string_table[clamp_constant(n)]; }
 
 }  // extern "C"
 

@@ -1,15 +1,15 @@
-// val_print.cpp - printing values on a stdio stream: numbers, wide strings as UTF-8, typed
-// atoms as "[Val <type> 0x<payload>]", and lists in parentheses.
+// val_print.cpp - printing values on a stdio stream: numbers, wide strings as
+// UTF-8, typed atoms as "[Val <type> 0x<payload>]", and lists in parentheses.
 #include <cstdio>
 
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 
-using utils::model::cell_start;
 using utils::model::cell_is_cons;
-using utils::model::kValInt;
+using utils::model::cell_start;
 using utils::model::kValFloat;
+using utils::model::kValInt;
 using utils::model::kValWstring;
 
 namespace {
@@ -35,9 +35,15 @@ void print_wstring(FILE *stream, const bsr_wchar *s) {
 
 void print_atom(FILE *stream, const val *v) {
   switch (cell_start(v)) {
-    case kValInt: std::fprintf(stream, "%d", v->c.atom.payload.i); break;
-    case kValFloat: std::fprintf(stream, "%f", static_cast<double>(v->c.atom.payload.f)); break;
-    case kValWstring: print_wstring(stream, static_cast<const bsr_wchar *>(v->c.atom.payload.p)); break;
+    case kValInt:
+      std::fprintf(stream, "%d", v->c.atom.payload.i);
+      break;
+    case kValFloat:
+      std::fprintf(stream, "%f", static_cast<double>(v->c.atom.payload.f));
+      break;
+    case kValWstring:
+      print_wstring(stream, static_cast<const bsr_wchar *>(v->c.atom.payload.p));
+      break;
     default:
       std::fprintf(stream, "[Val %s 0x%p]", type_name(cell_start(v)), v->c.atom.payload.p);
   }

@@ -1,23 +1,23 @@
-// val_read.cpp - reading values: numbers (with the int/float asymmetry for strings), wide
-// strings, cons fields and the payloads of typed atoms.
+// val_read.cpp - reading values: numbers (with the int/float asymmetry for
+// strings), wide strings, cons fields and the payloads of typed atoms.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 
-using utils::model::cell_start;
-using utils::model::cell_is_cons;
 using utils::model::cell_is_atom_of;
-using utils::model::kValInt;
+using utils::model::cell_is_cons;
+using utils::model::cell_start;
+using utils::model::kValCart;
+using utils::model::kValFeatures;
+using utils::model::kValFfunc;
 using utils::model::kValFloat;
-using utils::model::kValWstring;
+using utils::model::kValInt;
+using utils::model::kValItem;
+using utils::model::kValItemfunc;
+using utils::model::kValRelation;
+using utils::model::kValUserdata;
 using utils::model::kValUtterance;
 using utils::model::kValUttfunc;
-using utils::model::kValFfunc;
-using utils::model::kValRelation;
-using utils::model::kValItem;
-using utils::model::kValCart;
-using utils::model::kValUserdata;
-using utils::model::kValItemfunc;
-using utils::model::kValFeatures;
+using utils::model::kValWstring;
 
 namespace {
 
@@ -37,7 +37,8 @@ namespace utils::model {
 int32_t int_of(const val *v) {
   if (v == nullptr) return 0;
   switch (cell_start(v)) {
-    case kValInt: return v->c.atom.payload.i;
+    case kValInt:
+      return v->c.atom.payload.i;
     case kValFloat: {
       float f = v->c.atom.payload.f;
       // Truncate toward zero; out-of-range floats saturate instead of
@@ -46,8 +47,10 @@ int32_t int_of(const val *v) {
       if (f >= 2147483648.0f) return INT32_MAX;
       return static_cast<int32_t>(f);
     }
-    case kValWstring: return bsr_wtoi(static_cast<const bsr_wchar *>(v->c.atom.payload.p));
-    default: return 0;
+    case kValWstring:
+      return bsr_wtoi(static_cast<const bsr_wchar *>(v->c.atom.payload.p));
+    default:
+      return 0;
   }
 }
 

@@ -1,14 +1,14 @@
-// val_release.cpp - reference counting and release of values: constants are never touched,
-// conses release their contents, atoms release their payload with the last
-// reference as the type table says.
+// val_release.cpp - reference counting and release of values: constants are
+// never touched, conses release their contents, atoms release their payload
+// with the last reference as the type table says.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 
-using utils::model::cell_start;
 using utils::model::cell_is_cons;
 using utils::model::cell_mut;
-using utils::model::wstring_in_cell_block;
+using utils::model::cell_start;
 using utils::model::kValWstring;
+using utils::model::wstring_in_cell_block;
 
 namespace {
 

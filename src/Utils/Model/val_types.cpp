@@ -1,5 +1,5 @@
-// val_types.cpp - the table of atom types (name and payload releaser per row), the exported
-// type codes of the pointer atoms, and the releasers themselves.
+// val_types.cpp - the table of atom types (name and payload releaser per row),
+// the exported type codes of the pointer atoms, and the releasers themselves.
 #include "Utils/Model/val_cell.h"
 #include "utterance.h"
 

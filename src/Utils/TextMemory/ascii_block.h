@@ -1,5 +1,5 @@
-// ascii_block.h - moves blocks of sixteen ASCII units between bytes and 16-bit units in one
-// step, for the fast paths of the UTF-8 <-> UTF-16 converters.
+// ascii_block.h - moves blocks of sixteen ASCII units between bytes and 16-bit
+// units in one step, for the fast paths of the UTF-8 <-> UTF-16 converters.
 #ifndef UTILS_TEXTMEMORY_ASCII_BLOCK_H
 #define UTILS_TEXTMEMORY_ASCII_BLOCK_H
 

@@ -1,5 +1,5 @@
-// cstr.cpp - CStr: a growable zero-terminated narrow string. Appending a string grows
-// the buffer to exactly what is needed; appending a byte grows it by 64.
+// cstr.cpp - CStr: a growable zero-terminated narrow string. Appending a string
+// grows the buffer to exactly what is needed; appending a byte grows it by 64.
 #include "bsr_cstr.h"
 
 #include <cstring>
@@ -7,7 +7,8 @@
 #include "Utils/TextMemory/cstr_layout.h"
 #include "bsr_string.h"
 
-static_assert(sizeof(CStr) == utils::text::kCStrRecordSize, "the exported CStr size must match the header");
+static_assert(sizeof(CStr) == utils::text::kCStrRecordSize,
+              "the exported CStr size must match the header");
 
 namespace {
 

@@ -1,5 +1,6 @@
-// first_difference.cpp - block-wise search for the first difference of two strings: 32-byte AVX2
-// blocks where the processor has them, 8-byte words elsewhere.
+// first_difference.cpp - block-wise search for the first difference of two
+// strings: 32-byte AVX2 blocks where the processor has them, 8-byte words
+// elsewhere.
 //
 // Blocks may read past a string's terminator, but never across a page
 // boundary that the string itself does not reach, so the reads cannot fault.
@@ -67,7 +68,6 @@ UTILS_NO_ADDRESS_CHECK inline uint64_t load_word(const uint8_t *p) {
 
 template <typename Unit>
 UTILS_NO_ADDRESS_CHECK size_t word_scan(const Unit *a, const Unit *b) {
-  
   const auto *pa = reinterpret_cast<const uint8_t *>(a);
   const auto *pb = reinterpret_cast<const uint8_t *>(b);
   size_t i = 0;  // in bytes
@@ -117,8 +117,8 @@ __attribute__((target("avx2"))) inline uint32_t bad_bytes(__m256i good) {
 }
 
 template <typename Unit>
-__attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK inline uint32_t block_flags(const uint8_t *a,
-                                                                             const uint8_t *b) {
+__attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK inline uint32_t block_flags(
+    const uint8_t *a, const uint8_t *b) {
   return bad_bytes<Unit>(goodness<Unit>(load(a), load(b)));
 }
 
@@ -131,10 +131,11 @@ __attribute__((target("avx2"))) inline __m256i min(__m256i x, __m256i y) {
 // locate_in_quad finds the first bad unit.
 template <typename Unit>
 __attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK inline bool quad_is_good(const uint8_t *a,
-                                                                          const uint8_t *b) {
-  __m256i g = min<Unit>(goodness<Unit>(load(a), load(b)), goodness<Unit>(load(a + kBlockBytes), load(b + kBlockBytes)));
+                                                                                const uint8_t *b) {
+  __m256i g = min<Unit>(goodness<Unit>(load(a), load(b)),
+                        goodness<Unit>(load(a + kBlockBytes), load(b + kBlockBytes)));
   __m256i h = min<Unit>(goodness<Unit>(load(a + 2 * kBlockBytes), load(b + 2 * kBlockBytes)),
-                  goodness<Unit>(load(a + 3 * kBlockBytes), load(b + 3 * kBlockBytes)));
+                        goodness<Unit>(load(a + 3 * kBlockBytes), load(b + 3 * kBlockBytes)));
   return bad_bytes<Unit>(min<Unit>(g, h)) == 0;
 }
 
@@ -142,13 +143,16 @@ __attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK inline bool quad_is_good(
 // one of which is bad.
 template <typename Unit>
 __attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK size_t locate_in_quad(const uint8_t *pa,
-                                                                       const uint8_t *pb, size_t at) {
+                                                                             const uint8_t *pb,
+                                                                             size_t at) {
   for (;; at += kBlockBytes)
-    if (uint32_t f = block_flags<Unit>(pa + at, pb + at)) return (at + __builtin_ctz(f)) / sizeof(Unit);
+    if (uint32_t f = block_flags<Unit>(pa + at, pb + at))
+      return (at + __builtin_ctz(f)) / sizeof(Unit);
 }
 
 template <typename Unit>
-__attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK size_t avx2_scan(const Unit *a, const Unit *b) {
+__attribute__((target("avx2"))) UTILS_NO_ADDRESS_CHECK size_t avx2_scan(const Unit *a,
+                                                                        const Unit *b) {
   const auto *pa = reinterpret_cast<const uint8_t *>(a);
   const auto *pb = reinterpret_cast<const uint8_t *>(b);
   size_t i = 0;  // in bytes; everything before i is known equal and non-zero

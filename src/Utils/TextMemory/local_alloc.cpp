@@ -1,5 +1,6 @@
-// local_alloc.cpp - the local allocator: zero-filled blocks whose size is remembered in a small
-// header, so that growing a block can zero exactly its new tail.
+// local_alloc.cpp - the local allocator: zero-filled blocks whose size is
+// remembered in a small header, so that growing a block can zero exactly its
+// new tail.
 #include "bsr_string.h"
 
 #include <cstdlib>
@@ -12,9 +13,7 @@ struct alignas(16) BlockHeader {
   size_t size;
 };
 
-inline BlockHeader *header_of(void *ptr) {
-  return static_cast<BlockHeader *>(ptr) - 1;
-}
+inline BlockHeader *header_of(void *ptr) { return static_cast<BlockHeader *>(ptr) - 1; }
 
 inline size_t at_least_one(uint32_t size) { return size == 0 ? 1 : size; }
 

@@ -1,5 +1,6 @@
-// private_heap.cpp - the private heap: blocks are bumped out of large zeroed chunks; a freed
-// block goes on the free list of its size class; destruction frees chunks.
+// private_heap.cpp - the private heap: blocks are bumped out of large zeroed
+// chunks; a freed block goes on the free list of its size class; destruction
+// frees chunks.
 #include "Utils/TextMemory/private_heap.h"
 
 #include <cstdint>
@@ -48,8 +49,8 @@ inline size_t class_of(size_t size) { return (size + kGrain - 1) / kGrain; }
 // The heap record is the interface's opaque bsr_heap.
 struct bsr_heap {
   Chunk *chunks;
-  char *bump;       // next free byte of the newest chunk
-  char *bump_end;   // end of the newest chunk
+  char *bump;      // next free byte of the newest chunk
+  char *bump_end;  // end of the newest chunk
   size_t footprint;
   LargeBlock *large;
   FreeBlock *free_lists[kClasses];
@@ -87,9 +88,7 @@ void *alloc_large(bsr_heap *heap, size_t size) {
 
 namespace utils::text {
 
-bsr_heap *heap_create() {
-  return static_cast<bsr_heap *>(std::calloc(1, sizeof(bsr_heap)));
-}
+bsr_heap *heap_create() { return static_cast<bsr_heap *>(std::calloc(1, sizeof(bsr_heap))); }
 
 void *heap_alloc(bsr_heap *heap, size_t size) {
   if (size == 0) size = 1;
@@ -102,8 +101,7 @@ void *heap_alloc(bsr_heap *heap, size_t size) {
     return reused;
   }
   size_t whole = sizeof(BlockTag) + bytes;
-  if (static_cast<size_t>(heap->bump_end - heap->bump) < whole && !add_chunk(heap))
-    return nullptr;
+  if (static_cast<size_t>(heap->bump_end - heap->bump) < whole && !add_chunk(heap)) return nullptr;
   auto *tag = reinterpret_cast<BlockTag *>(heap->bump);
   heap->bump += whole;
   tag->size_class = cls;
@@ -115,8 +113,10 @@ void heap_free(bsr_heap *heap, void *ptr) {
   BlockTag *tag = static_cast<BlockTag *>(ptr) - 1;
   if (tag->size_class == 0) {
     LargeBlock *block = static_cast<LargeBlock *>(ptr) - 1;
-    if (block->prev != nullptr) block->prev->next = block->next;
-    else heap->large = block->next;
+    if (block->prev != nullptr)
+      block->prev->next = block->next;
+    else
+      heap->large = block->next;
     if (block->next != nullptr) block->next->prev = block->prev;
     heap->footprint -= sizeof(LargeBlock) + block->size;
     std::free(block);
@@ -150,8 +150,10 @@ void *alloc_on(bsr_heap *heap, size_t size) {
 }
 
 void free_on(bsr_heap *heap, void *ptr) {
-  if (heap != nullptr) heap_free(heap, ptr);
-  else bsr_free(ptr);
+  if (heap != nullptr)
+    heap_free(heap, ptr);
+  else
+    bsr_free(ptr);
 }
 
 }  // namespace utils::text

@@ -1,5 +1,5 @@
-// string_case.cpp - ASCII-only case conversion of narrow and wide strings and single codes;
-// bytes and units outside A-Z / a-z are never changed.
+// string_case.cpp - ASCII-only case conversion of narrow and wide strings and
+// single codes; bytes and units outside A-Z / a-z are never changed.
 #include "Utils/TextMemory/string_unit.h"
 #include "bsr_string.h"
 

@@ -1,5 +1,6 @@
-// string_compare.cpp - position-valued comparison of narrow and wide strings: the result tells
-// where the strings first differ (its magnitude) and which is greater (sign).
+// string_compare.cpp - position-valued comparison of narrow and wide strings:
+// the result tells where the strings first differ (its magnitude) and which is
+// greater (sign).
 #include "Utils/TextMemory/first_difference.h"
 #include "Utils/TextMemory/string_unit.h"
 #include "bsr_string.h"
@@ -10,10 +11,14 @@ namespace {
 // Returns true with *result set when the pointers alone decide.
 template <typename Unit>
 bool decided_by_pointers(const Unit *a, const Unit *b, int32_t *result) {
-  if (a == b) *result = 0;
-  else if (a == nullptr) *result = -1;
-  else if (b == nullptr) *result = 1;
-  else return false;
+  if (a == b)
+    *result = 0;
+  else if (a == nullptr)
+    *result = -1;
+  else if (b == nullptr)
+    *result = 1;
+  else
+    return false;
   return true;
 }
 
@@ -41,7 +46,8 @@ int32_t compare_walk(const Unit *a, const Unit *b, bool fold, int64_t limit, boo
     Unit x = fold ? utils::text::fold_lower(a[i]) : a[i];
     Unit y = fold ? utils::text::fold_lower(b[i]) : b[i];
     if (x != y)
-      return position_result(i, !always_negative && utils::text::unit_order(x) > utils::text::unit_order(y));
+      return position_result(
+          i, !always_negative && utils::text::unit_order(x) > utils::text::unit_order(y));
     if (x == 0) return 0;
   }
   return 0;

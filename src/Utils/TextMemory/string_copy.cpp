@@ -1,5 +1,5 @@
-// string_copy.cpp - length, copy, concatenation and the runtime-heap duplicates of narrow and
-// wide strings.
+// string_copy.cpp - length, copy, concatenation and the runtime-heap duplicates
+// of narrow and wide strings.
 #include <cstdlib>
 #include <cstring>
 
@@ -88,8 +88,6 @@ UTILS_API char *bsr_strdup(const char *s) { return duplicate(s); }
 UTILS_API bsr_wchar *bsr_wcsdup(const bsr_wchar *s) { return duplicate(s); }
 
 UTILS_API char *bsr_strndup(const char *s, uint32_t n) { return duplicate_bounded(s, n); }
-UTILS_API bsr_wchar *bsr_wcsndup(const bsr_wchar *s, uint32_t n) {
-  return duplicate_bounded(s, n);
-}
+UTILS_API bsr_wchar *bsr_wcsndup(const bsr_wchar *s, uint32_t n) { return duplicate_bounded(s, n); }
 
 }  // extern "C"

@@ -1,5 +1,5 @@
-// string_numbers.cpp - integer to text in any radix up to 36, and decimal text to integer, for
-// narrow and wide strings.
+// string_numbers.cpp - integer to text in any radix up to 36, and decimal text
+// to integer, for narrow and wide strings.
 #include "Utils/TextMemory/string_unit.h"
 #include "bsr_string.h"
 

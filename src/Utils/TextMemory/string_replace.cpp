@@ -1,5 +1,6 @@
-// string_replace.cpp - replacing every occurrence of a substring, in two passes: one that only
-// measures (so the caller can size the target) and one that writes.
+// string_replace.cpp - replacing every occurrence of a substring, in two
+// passes: one that only measures (so the caller can size the target) and one
+// that writes.
 #include <cstring>
 
 #include "Utils/TextMemory/string_unit.h"

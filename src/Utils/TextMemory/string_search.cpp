@@ -1,5 +1,5 @@
-// string_search.cpp - character and substring search in narrow and wide strings, exact and with
-// ASCII case folding.
+// string_search.cpp - character and substring search in narrow and wide
+// strings, exact and with ASCII case folding.
 #include <cstring>
 
 #include "Utils/TextMemory/string_unit.h"
@@ -9,11 +9,15 @@ namespace {
 
 struct Exact {
   template <typename Unit>
-  static Unit apply(Unit c) { return c; }
+  static Unit apply(Unit c) {
+    return c;
+  }
 };
 struct Folded {
   template <typename Unit>
-  static Unit apply(Unit c) { return utils::text::fold_lower(c); }
+  static Unit apply(Unit c) {
+    return utils::text::fold_lower(c);
+  }
 };
 
 // First occurrence of needle; an empty needle matches at the start, an empty
@@ -38,7 +42,9 @@ Unit *search(const Unit *haystack, const Unit *needle) {
 extern "C" {
 
 UTILS_API char *bsr_strchr(const char *s, int32_t c) { return utils::text::find_unit(s, c); }
-UTILS_API bsr_wchar *bsr_wcschr(const bsr_wchar *s, int32_t c) { return utils::text::find_unit(s, c); }
+UTILS_API bsr_wchar *bsr_wcschr(const bsr_wchar *s, int32_t c) {
+  return utils::text::find_unit(s, c);
+}
 
 UTILS_API char *bsr_strstr(const char *haystack, const char *needle) {
   if (haystack == nullptr || needle == nullptr || haystack[0] == 0) return nullptr;

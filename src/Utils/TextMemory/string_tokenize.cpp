@@ -1,5 +1,5 @@
-// string_tokenize.cpp - tokenising with a caller-held index, splitting into a caller's array, and
-// trimming a set of units from both ends, all in place.
+// string_tokenize.cpp - tokenising with a caller-held index, splitting into a
+// caller's array, and trimming a set of units from both ends, all in place.
 #include <cstring>
 
 #include "Utils/TextMemory/string_unit.h"
@@ -32,7 +32,9 @@ int32_t split(Unit *s, const Unit *delims, Unit **out) {
   if (out == nullptr) return 0;
   uint32_t pos = 0;
   int32_t count = 0;
-  for (Unit *token = next_token(s, &pos, delims); token != nullptr; token = next_token(s, &pos, delims)) out[count++] = token;
+  for (Unit *token = next_token(s, &pos, delims); token != nullptr;
+       token = next_token(s, &pos, delims))
+    out[count++] = token;
   return count;
 }
 

@@ -1,5 +1,6 @@
-// string_unit.h - what the narrow and wide string routines share: one template per routine
-// over the code unit, and the few ways the two kinds of unit differ.
+// string_unit.h - what the narrow and wide string routines share: one template
+// per routine over the code unit, and the few ways the two kinds of unit
+// differ.
 #ifndef UTILS_TEXTMEMORY_STRING_UNIT_H
 #define UTILS_TEXTMEMORY_STRING_UNIT_H
 

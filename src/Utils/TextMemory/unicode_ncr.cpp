@@ -1,5 +1,6 @@
-// unicode_ncr.cpp - renders wide text as printable ASCII: units 32-126 stand for themselves,
-// every other unit becomes "&(0x<hex>)" (our own form, not an XML reference).
+// unicode_ncr.cpp - renders wide text as printable ASCII: units 32-126 stand
+// for themselves, every other unit becomes "&(0x<hex>)" (our own form, not an
+// XML reference).
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 

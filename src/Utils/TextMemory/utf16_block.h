@@ -1,5 +1,6 @@
-// utf16_block.h - encodes eight UTF-16 units as UTF-8 at once with SSE2: every unit's bytes
-// and their places are computed in parallel, then stored four at a time.
+// utf16_block.h - encodes eight UTF-16 units as UTF-8 at once with SSE2: every
+// unit's bytes and their places are computed in parallel, then stored four at a
+// time.
 #ifndef UTILS_TEXTMEMORY_UTF16_BLOCK_H
 #define UTILS_TEXTMEMORY_UTF16_BLOCK_H
 
@@ -101,8 +102,8 @@ __attribute__((always_inline)) inline Utf16BlockResult encode_utf16_block(const 
   const unsigned cut = high_bits >> 7;
   const __m128i from_800 = _mm_xor_si128(below_800, lanes(-1));
   const __m128i surrogate = _mm_or_si128(high, low);
-  const __m128i length = _mm_add_epi16(
-      _mm_sub_epi16(_mm_sub_epi16(lanes(1), from_80), from_800), surrogate);
+  const __m128i length =
+      _mm_add_epi16(_mm_sub_epi16(_mm_sub_epi16(lanes(1), from_80), from_800), surrogate);
 
   // The bytes of each lane: first, second, third, as needed.
   const __m128i last6 = _mm_or_si128(_mm_and_si128(u, lanes(0x3F)), lanes(0x80));

@@ -1,5 +1,6 @@
-// utf16_to_utf8.cpp - strict UTF-16 to UTF-8 conversion into a caller's buffer: a character is
-// written whole or not at all, and an unpaired surrogate ends the text.
+// utf16_to_utf8.cpp - strict UTF-16 to UTF-8 conversion into a caller's buffer:
+// a character is written whole or not at all, and an unpaired surrogate ends
+// the text.
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 
@@ -16,8 +17,7 @@ constexpr ptrdiff_t kFastRead = static_cast<ptrdiff_t>(utils::text::kAsciiBlock)
 constexpr ptrdiff_t kFastWrite = utils::text::kUtf16BlockWrites;
 static_assert(kFastRead >= utils::text::kUtf16BlockReads && kFastWrite >= kFastRead, "block room");
 
-inline bool fast_room(const bsr_wchar *s, const bsr_wchar *end, const Byte *d,
-                      const Byte *dend) {
+inline bool fast_room(const bsr_wchar *s, const bsr_wchar *end, const Byte *d, const Byte *dend) {
   return end - s >= kFastRead && dend - d >= kFastWrite;
 }
 
@@ -109,7 +109,8 @@ Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
         s += utils::text::kAsciiBlock;
         d += utils::text::kAsciiBlock;
       } else {
-        do *d++ = static_cast<Byte>(*s++); while (*s < 0x80);
+        do *d++ = static_cast<Byte>(*s++);
+        while (*s < 0x80);
       }
     } else if (v < 0x800) {
       do {

@@ -1,5 +1,6 @@
-// utf8_block.h - decodes sixteen bytes of UTF-8 at once with SSE2: classifies the bytes,
-// checks the sequences and their values in parallel, then packs the units.
+// utf8_block.h - decodes sixteen bytes of UTF-8 at once with SSE2: classifies
+// the bytes, checks the sequences and their values in parallel, then packs the
+// units.
 #ifndef UTILS_TEXTMEMORY_UTF8_BLOCK_H
 #define UTILS_TEXTMEMORY_UTF8_BLOCK_H
 
@@ -89,7 +90,8 @@ inline void decode_short_lanes(__m128i x0, __m128i x1, uint16_t *out) {
 // its top five bits are neither 00000 nor 11011.
 inline __m128i bad_three_byte_value(__m128i three) {
   const __m128i top = _mm_and_si128(three, lanes(0xF800));
-  return _mm_or_si128(_mm_cmpeq_epi16(top, _mm_setzero_si128()), _mm_cmpeq_epi16(top, lanes(0xD800)));
+  return _mm_or_si128(_mm_cmpeq_epi16(top, _mm_setzero_si128()),
+                      _mm_cmpeq_epi16(top, lanes(0xD800)));
 }
 
 // Characters of one to three bytes (the Basic Multilingual Plane). Returns
@@ -135,7 +137,8 @@ inline __m128i decode_any_lanes(__m128i x0, __m128i x1, __m128i x2, uint16_t *ou
   unit = select(from_f0, high, unit);
   _mm_store_si128(reinterpret_cast<__m128i *>(out), unit);
 
-  const __m128i bad3 = _mm_andnot_si128(from_f0, _mm_and_si128(from_e0, bad_three_byte_value(three)));
+  const __m128i bad3 =
+      _mm_andnot_si128(from_f0, _mm_and_si128(from_e0, bad_three_byte_value(three)));
   const __m128i bad4 = _mm_and_si128(
       from_f0, _mm_or_si128(_mm_cmplt_epi16(q, lanes(0x40)), _mm_cmpgt_epi16(q, lanes(0x43F))));
   return _mm_or_si128(bad3, bad4);
@@ -166,8 +169,8 @@ __attribute__((always_inline)) inline Utf8BlockResult decode_utf8_block(const un
 
   // Exactly the bytes that the leads announce must be trailing bytes. What a
   // lead near the end announces beyond the block is checked next time.
-  const uint32_t announced = (lead2 << 1) | (lead3 << 1) | (lead3 << 2) | (lead4 << 1) |
-                             (lead4 << 2) | (lead4 << 3);
+  const uint32_t announced =
+      (lead2 << 1) | (lead3 << 1) | (lead3 << 2) | (lead4 << 1) | (lead4 << 2) | (lead4 << 3);
   if (trailing != (announced & 0xFFFFu)) return {0, 0};
   const unsigned cut = (lead2 & 0x8000u) | (lead3 & 0xC000u) | (lead4 & 0xE000u);
   const unsigned used = static_cast<unsigned>(__builtin_ctz(cut | 0x10000u));  // 16 if none

@@ -1,5 +1,6 @@
-// utf8_sequence.h - the well-formedness rules of UTF-8 sequences, in one place: sequence length
-// by lead byte and the checked decoding of two-, three- and four-byte forms.
+// utf8_sequence.h - the well-formedness rules of UTF-8 sequences, in one place:
+// sequence length by lead byte and the checked decoding of two-, three- and
+// four-byte forms.
 #ifndef UTILS_TEXTMEMORY_UTF8_SEQUENCE_H
 #define UTILS_TEXTMEMORY_UTF8_SEQUENCE_H
 

@@ -1,5 +1,6 @@
-// utf8_three_byte_run.h - Chinese and Japanese text in UTF-8 is runs of three-byte characters; these
-// convert such runs to UTF-16 two characters per step, with one mask check.
+// utf8_three_byte_run.h - Chinese and Japanese text in UTF-8 is runs of three-
+// byte characters; these convert such runs to UTF-16 two characters per step,
+// with one mask check.
 #ifndef UTILS_TEXTMEMORY_UTF8_THREE_BYTE_RUN_H
 #define UTILS_TEXTMEMORY_UTF8_THREE_BYTE_RUN_H
 

@@ -1,5 +1,6 @@
-// utf8_to_utf16.cpp - strict UTF-8 to UTF-16 conversion into a caller's buffer: converts whole,
-// well-formed characters up to the first one that is bad, cut off or too big.
+// utf8_to_utf16.cpp - strict UTF-8 to UTF-16 conversion into a caller's buffer:
+// converts whole, well-formed characters up to the first one that is bad, cut
+// off or too big.
 #include "bsr_string.h"
 #include "bsr_unicode.h"
 
@@ -15,16 +16,14 @@ using Byte = unsigned char;
 
 // Room in the fast part: a whole block, ASCII or not, and any one character
 // (at most four bytes in, two units out) fit without a bounds check.
-inline bool fast_room(const Byte *s, const Byte *end, const bsr_wchar *d,
-                      const bsr_wchar *dend) {
+inline bool fast_room(const Byte *s, const Byte *end, const bsr_wchar *d, const bsr_wchar *dend) {
   return end - s >= utils::text::kUtf8BlockReads && dend - d >= utils::text::kUtf8BlockWrites;
 }
 
 // Every stop looks the same to the caller (the text before it is kept), so
 // an ill-formed, cut-off or oversized character ends the conversion alike.
 // Returns the position where the converted text ends.
-bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d,
-                        bsr_wchar *dend) {
+bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend) {
   while (s < end) {
     const unsigned c = s[0];
     if (c < 0x80) {
@@ -70,7 +69,9 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
       d += utils::text::kAsciiBlock;
       continue;
     }
-    if (utils::text::starts_three_byte_run(s) && utils::text::convert_three_byte_run(s, end, d, dend)) continue;
+    if (utils::text::starts_three_byte_run(s) &&
+        utils::text::convert_three_byte_run(s, end, d, dend))
+      continue;
     const utils::text::Utf8BlockResult step = utils::text::decode_utf8_block(s, d);
     if (step.used == 0) break;
     s += step.used;
@@ -92,7 +93,8 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
         s += utils::text::kAsciiBlock;
         d += utils::text::kAsciiBlock;
       } else {
-        do *d++ = *s++; while (*s < 0x80);
+        do *d++ = *s++;
+        while (*s < 0x80);
       }
     } else if (c < 0xE0) {
       do {
@@ -102,7 +104,9 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
         s += 2;
       } while (fast_room(s, end, d, dend) && (s[0] & 0xE0) == 0xC0);
     } else if (c < 0xF0) {
-      if (utils::text::starts_three_byte_run(s) && utils::text::convert_three_byte_run(s, end, d, dend)) continue;
+      if (utils::text::starts_three_byte_run(s) &&
+          utils::text::convert_three_byte_run(s, end, d, dend))
+        continue;
       do {
         const uint32_t v = utils::text::utf8_decode3(s[0], s[1], s[2]);
         if (v == kIllFormed) return d;
@@ -111,8 +115,8 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
       } while (fast_room(s, end, d, dend) && (s[0] & 0xF0) == 0xE0);
     } else {
       do {
-        const uint32_t v = s[0] > 0xF4 ? kIllFormed
-                                       : utils::text::utf8_decode4(s[0], s[1], s[2], s[3]);
+        const uint32_t v =
+            s[0] > 0xF4 ? kIllFormed : utils::text::utf8_decode4(s[0], s[1], s[2], s[3]);
         if (v == kIllFormed) return d;
         d[0] = utils::text::high_surrogate_of(v);
         d[1] = utils::text::low_surrogate_of(v);

@@ -1,5 +1,5 @@
-// widen.cpp - byte-to-unit widening that does not decode UTF-8 (each byte is a signed
-// char, so 0x80-0xFF become 0xFF80-0xFFFF), and the plain unit copy.
+// widen.cpp - byte-to-unit widening that does not decode UTF-8 (each byte is a
+// signed char, so 0x80-0xFF become 0xFF80-0xFFFF), and the plain unit copy.
 #include "bsr_unicode.h"
 
 namespace {
