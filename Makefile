@@ -1,5 +1,6 @@
-# Entry points: make test (plain and sanitized suites), make bench, make fuzz,
-# make demo. Each installs what is missing first.
+# Entry points: make test (the style check, then the plain and sanitized
+# suites), make check-style, make bench, make fuzz, make demo. Each installs
+# what is missing first.
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
 BENCH_BUILD?= build-bench
@@ -8,7 +9,7 @@ FUZZ_SECONDS ?= 60
 JOBS       ?= $(shell nproc)
 CMAKE_GEN  := -G Ninja
 
-.PHONY: all deps test test-plain test-asan bench fuzz demo clean
+.PHONY: all deps check-style test test-plain test-asan bench fuzz demo clean
 
 all: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo
@@ -17,7 +18,14 @@ all: deps
 deps:
 	@./scripts/install-deps.sh
 
-test: test-plain test-asan
+test: check-style test-plain test-asan
+
+# The conventions of CONTRIBUTING.md that a script can check; the symbol
+# check reads the static archive, so that target is built first.
+check-style: deps
+	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DUTILS_BENCH=ON
+	cmake --build $(BUILD) -j $(JOBS) --target UtilsStatic
+	./scripts/check-style.sh --build $(BUILD)
 
 test-plain: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DUTILS_BENCH=ON

@@ -4,7 +4,8 @@
 set -euo pipefail
 
 PACKAGES=(
-  cmake ninja-build g++ make binutils
+  cmake ninja-build g++ make binutils python3
+  clang-format
   clang lld libclang-rt-14-dev
   libgtest-dev libbenchmark-dev
   libre2-dev libmxml-dev
