@@ -12,9 +12,6 @@
 #include "bsr_cstr.h"
 #include "utils_types.h"
 
-/* Mini-XML's node type (mxml.h declares the same typedef). */
-typedef struct _mxml_node_s mxml_node_t;
-
 UTILS_BEGIN_DECLS
 
 /* Reads one x... element: `text` is its written text (null when the element

@@ -30,9 +30,6 @@
 
 #include "utils_types.h"
 
-/* Mini-XML's node type (mxml.h declares the same typedef). */
-typedef struct _mxml_node_s mxml_node_t;
-
 UTILS_BEGIN_DECLS
 
 typedef struct HReplacer HReplacer;

@@ -22,8 +22,6 @@
 #ifndef UTILS_SSML_IO_H
 #define UTILS_SSML_IO_H
 
-#include <mxml.h>
-
 #include "utils_types.h"
 #include "utterance.h"
 
@@ -67,6 +65,11 @@ UTILS_API int utt_save_ssml(utterance *u, const char *path);
  * mxmlRelease. Returns a document with no element when the relation is
  * missing or empty, and null when `u` is null or memory runs out. */
 UTILS_API mxml_node_t *utt_to_xml(utterance *u);
+
+/* Mini-XML's own release function, exported by this library so that a
+ * caller that does not link Mini-XML can free what utt_to_xml returns. The
+ * declaration repeats the one of mxml.h. */
+int mxmlRelease(mxml_node_t *node);
 
 /* An AddTag callback: handed an item of the tree, the current wrapper (null
  * when none) and the caller's data; see AddTag for what its result means. */

@@ -1,5 +1,6 @@
 /* utils_types.h - the few definitions every libUtils header shares: the
- * export marker, C linkage, the 16-bit wide character and the heap handle. */
+ * export marker, C linkage, the 16-bit wide character, the heap handle and
+ * Mini-XML's node type. */
 #ifndef UTILS_UTILS_TYPES_H
 #define UTILS_UTILS_TYPES_H
 
@@ -32,5 +33,12 @@ typedef char16_t bsr_wchar;
  * released all at once. Each utterance owns one; feature sets may be placed
  * on one (new_features_local). Its functions are internal to the library. */
 typedef struct bsr_heap bsr_heap;
+
+/* Mini-XML's document node, which the markup and text normalisation
+ * functions exchange with the caller. Declared here exactly as Mini-XML 3's
+ * own mxml.h declares it, so that a program needs <mxml.h> (and its include
+ * path) only when it calls Mini-XML itself; C11 and C++ both accept the
+ * identical typedef twice, whichever header comes first. */
+typedef struct _mxml_node_s mxml_node_t;
 
 #endif /* UTILS_UTILS_TYPES_H */

@@ -2,6 +2,7 @@
 // relation out: one element item per element, one text item per text run.
 #include "ssml_io.h"
 
+#include <mxml.h>
 #include <string.h>
 
 #include "Utils/Markup/item_tag.h"

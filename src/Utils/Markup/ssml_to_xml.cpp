@@ -2,6 +2,7 @@
 // subtree into a new Mini-XML document.
 #include "ssml_io.h"
 
+#include <mxml.h>
 #include "Utils/Markup/item_tag.h"
 #include "Utils/Markup/scratch_text.h"
 #include "Utils/Markup/ssml_names.h"
