@@ -5,6 +5,7 @@
 #include "NLP/NLP_TextNorm/rule_pass.h"
 #include "NLP/NLP_TextNorm/rule_set_reader.h"
 #include "NLP/NLP_TextNorm/text_collector.h"
+#include "Utils/Markup/ssml_names.h"
 
 using utils::textnorm::ReplaceRule;
 
@@ -54,7 +55,7 @@ void HReplacer::replace(mxml_node_t *node) {
 mxml_node_t *HReplacer::replace_text(const char *text) {
   mxml_node_t *document = mxmlNewXML("1.0");
   if (document == nullptr) return nullptr;
-  mxml_node_t *speak = mxmlNewElement(document, "speak");
+  mxml_node_t *speak = mxmlNewElement(document, utils::markup::kRootElement);
   if (speak != nullptr && text != nullptr) {
     utils::textnorm::TextQueue queue;
     if (mxml_node_t *child = mxmlNewOpaque(speak, text); child != nullptr)
