@@ -1,6 +1,7 @@
 #!/bin/sh
-# The utts command line: normalising a document to a file and to standard
-# output, and the one-line errors with non-zero exits for bad input.
+# utts_cli_test.sh - the utts command line: normalising a document to a file
+# and to standard output, plain text wrapped in a speak element, and the
+# one-line errors with non-zero exits for bad input.
 # Usage: utts_cli_test.sh UTTS_BINARY
 set -u
 utts=$1
@@ -29,6 +30,32 @@ printf '(\\d+)\txnum{"?0"}\n' > "$work/own.rules"
 "$utts" normalize -r "$work/own.rules" "$work/in.ssml" > "$work/own.ssml"
 check "own rules replace the bundled ones" grep -q '<sub alias="12">12</sub>' "$work/own.ssml"
 
+# Plain text: wrapped in a speak element of the given language (en-US when
+# none is given), its markup characters escaped so that they stay text.
+printf 'It costs $12.50 & more <3.\n' | "$utts" normalize > "$work/plain.ssml" 2> "$work/plain.err"
+check "plain text exits 0" [ $? -eq 0 ]
+check "plain text is wrapped in en-US" grep -q '^<speak xml:lang="en-US">It costs $' "$work/plain.ssml"
+check "plain text is normalised" grep -q '<sub alias="twelve dollars and fifty cents">\$12.50</sub>' "$work/plain.ssml"
+check "escaped characters come back as text" grep -q '> more <$' "$work/plain.ssml"
+check "plain text needs no note" [ ! -s "$work/plain.err" ]
+printf 'Call me at 5.' | "$utts" normalize --lang en-GB > "$work/gb.ssml"
+check "--lang names the language" grep -q '^<speak xml:lang="en-GB">Call me' "$work/gb.ssml"
+printf 'a "quote"' | "$utts" normalize -l 'x"y' > "$work/quote.ssml"
+check "a quote in the language stays in the attribute" grep -q '^<speak xml:lang="x"y">a "quote"</speak>' "$work/quote.ssml"
+printf ' \n\t<speak><s>It is 5.</s></speak>' | "$utts" normalize > "$work/blank.ssml"
+check "blanks before the markup: still SSML" grep -q '^<speak>$' "$work/blank.ssml"
+
+# Input that starts with '<' but is not SSML with a speak element is read as
+# text, and a note on standard error says so.
+printf '<p>a 5</p>' | "$utts" normalize > "$work/nospeak.ssml" 2> "$work/nospeak.err"
+check "no speak element: exits 0" [ $? -eq 0 ]
+check "no speak element: read as text" grep -q '^<speak xml:lang="en-US"><p>a $' "$work/nospeak.ssml"
+check "no speak element: the note" grep -q 'not SSML (it has no <speak> element); reading it as plain text' "$work/nospeak.err"
+printf '<speak><s>a</speak>' | "$utts" normalize > "$work/bad.ssml" 2> "$work/bad.err"
+check "malformed: exits 0" [ $? -eq 0 ]
+check "malformed: read as text" grep -q '^<speak xml:lang="en-US"><speak><s>a</speak></speak>$' "$work/bad.ssml"
+check "malformed: the note" grep -q 'not SSML (it is not well-formed' "$work/bad.err"
+
 expect_error() {  # expect_error NAME PATTERN ARGS... (input from $work/stdin)
   name=$1; pattern=$2; shift 2
   "$utts" "$@" < "$work/stdin" > "$work/err.out" 2> "$work/err.txt"
@@ -38,10 +65,9 @@ expect_error() {  # expect_error NAME PATTERN ARGS... (input from $work/stdin)
   check "$name: message" grep -q "$pattern" "$work/err.txt"
 }
 
-printf '<speak><s>a</speak>' > "$work/stdin"
-expect_error "malformed" "not well-formed SSML" normalize
-printf '<p>a</p>' > "$work/stdin"
-expect_error "no speak" "has no <speak> element" normalize
+printf 'bad \303( text' > "$work/stdin"
+expect_error "not UTF-8" "standard input cannot be read as UTF-8 text" normalize
+expect_error "lang without a tag" "option '--lang' needs a language tag" normalize --lang
 expect_error "missing file" "cannot read '$work/none.ssml'" normalize "$work/none.ssml"
 printf 'ok\t"x"\n(bad\t"x"\n' > "$work/bad.rules"
 printf '<speak>1</speak>' > "$work/stdin"

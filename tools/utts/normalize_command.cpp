@@ -1,5 +1,6 @@
-// normalize_command.cpp - "utts normalize": parse SSML, run the rule sets and
-// the English readers, mirror the result in an utterance and save it as SSML.
+// normalize_command.cpp - "utts normalize": read SSML or plain text, run the
+// rule sets and the English readers, mirror the result in an utterance and
+// save it as SSML.
 #include "utts/command.h"
 
 #include <mxml.h>
@@ -18,19 +19,25 @@ namespace utts {
 namespace {
 
 const char kUsage[] =
-    "Usage: utts normalize [-r RULES]... [-o OUTPUT] [INPUT]\n"
+    "Usage: utts normalize [-r RULES]... [-l LANG] [-o OUTPUT] [INPUT]\n"
     "\n"
-    "Reads the SSML document INPUT (standard input when absent or \"-\"), turns\n"
-    "written numbers, dates, times, money, measures, telephone numbers and\n"
-    "abbreviations into words, and writes the document with each of them as\n"
+    "Reads INPUT (standard input when absent or \"-\"), turns written numbers,\n"
+    "dates, times, money, measures, telephone numbers and abbreviations into\n"
+    "words, and writes the document with each of them as\n"
     "  <sub alias=\"spoken form\">written form</sub>\n"
     "to OUTPUT (standard output when absent or \"-\"). say-as elements are read\n"
     "too (interpret-as cardinal, ordinal, digits, characters, telephone, date\n"
     "with format mdy, dmy or ymd, and time).\n"
     "\n"
+    "INPUT is an SSML document when its first non-blank character is '<' and it\n"
+    "parses with a <speak> element. Anything else is plain text, read as the\n"
+    "content of <speak xml:lang=\"LANG\">; input that starts with '<' but is not\n"
+    "such a document is read as text too, with a note on standard error.\n"
+    "\n"
     "Options:\n"
     "  -r, --rules FILE   use the rule set in FILE instead of the bundled English\n"
     "                     rules; give it several times to load several sets in order\n"
+    "  -l, --lang LANG    the language of plain-text input (default en-US)\n"
     "  -o, --output FILE  write the result to FILE\n"
     "  -h, --help         show this help\n"
     "\n"
@@ -41,6 +48,7 @@ struct Options {
   std::vector<std::string> rule_files;
   std::string input = "-";
   std::string output = "-";
+  std::string lang = "en-US";
   bool help = false;
 };
 
@@ -54,9 +62,9 @@ bool parse_options(int argc, char **argv, Options &options, std::string &error) 
   bool have_input = false;
   for (int i = 0; i < argc; ++i) {
     const std::string arg = argv[i];
-    auto value = [&](std::string &into) {
-      if (i + 1 >= argc) {
-        error = "option '" + arg + "' needs a file name";
+    auto value = [&](std::string &into, const char *what) {
+      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
+        error = "option '" + arg + "' needs " + what;
         return false;
       }
       into = argv[++i];
@@ -66,10 +74,12 @@ bool parse_options(int argc, char **argv, Options &options, std::string &error) 
       options.help = true;
     } else if (arg == "-r" || arg == "--rules") {
       std::string file;
-      if (!value(file)) return false;
+      if (!value(file, "a file name")) return false;
       options.rule_files.push_back(file);
     } else if (arg == "-o" || arg == "--output") {
-      if (!value(options.output)) return false;
+      if (!value(options.output, "a file name")) return false;
+    } else if (arg == "-l" || arg == "--lang") {
+      if (!value(options.lang, "a language tag")) return false;
     } else if (arg.size() > 1 && arg[0] == '-') {
       error = "unknown option '" + arg + "' (see 'utts normalize --help')";
       return false;
@@ -101,13 +111,89 @@ bool load_rules(TextNormalizer &normalizer, const std::string &text, const std::
 }
 
 // The first error message of Mini-XML while parsing.
-std::string g_parseError;
+std::string g_parse_error;
 void keep_parse_error(const char *message) {
-  if (g_parseError.empty() && message != nullptr) g_parseError = message;
+  if (g_parse_error.empty() && message != nullptr) g_parse_error = message;
 }
 
 mxml_node_t *find_speak(mxml_node_t *tree) {
   return mxmlFindElement(tree, tree, "speak", nullptr, nullptr, MXML_DESCEND);
+}
+
+// Parses `text` under a holder node: on a parse error Mini-XML frees the
+// half-built tree only when it has a parent to hang it on. Null when the
+// text is rejected, with Mini-XML's first complaint in g_parse_error.
+mxml_node_t *parse(const std::string &text) {
+  g_parse_error.clear();
+  mxmlSetErrorCallback(keep_parse_error);
+  mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "document");
+  if (holder == nullptr) {
+    g_parse_error = "out of memory";
+    return nullptr;
+  }
+  if (mxmlLoadString(holder, text.c_str(), MXML_OPAQUE_CALLBACK) == nullptr) {
+    mxmlDelete(holder);
+    return nullptr;
+  }
+  return holder;
+}
+
+// True when the first character after blanks (and a UTF-8 byte order mark)
+// is '<': only such input is taken for a document.
+bool looks_like_markup(const std::string &text) {
+  size_t at = text.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0;
+  at = text.find_first_not_of(" \t\r\n", at);
+  return at != std::string::npos && text[at] == '<';
+}
+
+// `text` with the characters that cannot stand as they are in XML text or in
+// a double-quoted attribute value written as references.
+std::string escaped(const std::string &text) {
+  std::string out;
+  out.reserve(text.size());
+  for (char c : text) {
+    switch (c) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out;
+}
+
+// The input as a tree holding a <speak> element: the document itself when it
+// is SSML, else the input as the text of a new speak element in `lang`. Null
+// with a message when not even the text can be read (Mini-XML stops at a
+// byte sequence that is not UTF-8).
+mxml_node_t *read_input(const std::string &input, const std::string &input_name,
+                        const std::string &lang, std::string &error) {
+  if (looks_like_markup(input)) {
+    mxml_node_t *tree = parse(input);
+    if (tree != nullptr && find_speak(tree) != nullptr) return tree;
+    std::string why = tree != nullptr ? "it has no <speak> element" : "it is not well-formed";
+    if (tree == nullptr && !g_parse_error.empty()) why += ": " + g_parse_error;
+    if (tree != nullptr) mxmlDelete(tree);
+    std::fprintf(stderr, "utts: note: %s is not SSML (%s); reading it as plain text\n",
+                 input_name.c_str(), why.c_str());
+  }
+  // A byte order mark is not part of the text.
+  const size_t skip = input.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0;
+  mxml_node_t *tree = parse("<speak xml:lang=\"" + escaped(lang) + "\">" +
+                            escaped(input.substr(skip)) + "</speak>");
+  // Mini-XML's complaint would be about the wrapper; the cause is the input.
+  if (tree == nullptr) error = input_name + " cannot be read as UTF-8 text";
+  return tree;
 }
 
 // Mirrors the tree in an utterance and saves it as SSML to `path` ("-":
@@ -158,25 +244,12 @@ int run_normalize(int argc, char **argv) {
       return fail(error);
   }
 
-  std::string ssml;
-  if (!read_all(options.input, ssml, error)) return fail(error);
+  std::string input;
+  if (!read_all(options.input, input, error)) return fail(error);
   const std::string input_name =
       options.input == "-" ? "standard input" : "'" + options.input + "'";
-  g_parseError.clear();
-  mxmlSetErrorCallback(keep_parse_error);
-  // The document goes under a holder node: on a parse error Mini-XML frees
-  // the half-built tree only when it has a parent to hang it on.
-  mxml_node_t *tree = mxmlNewElement(MXML_NO_PARENT, "document");
-  if (tree == nullptr) return fail("out of memory");
-  if (mxmlLoadString(tree, ssml.c_str(), MXML_OPAQUE_CALLBACK) == nullptr) {
-    mxmlDelete(tree);
-    return fail(input_name + " is not well-formed SSML" +
-                (g_parseError.empty() ? std::string() : ": " + g_parseError));
-  }
-  if (find_speak(tree) == nullptr) {
-    mxmlDelete(tree);
-    return fail(input_name + " has no <speak> element");
-  }
+  mxml_node_t *tree = read_input(input, input_name, options.lang, error);
+  if (tree == nullptr) return fail(error);
 
   normalizer.normalize(tree);
   bool saved = save(tree, options.output, error);
