@@ -33,7 +33,9 @@ TEST(DspTables, RandomPhasesAreFixedEvenValuesInRange) {
   uint64_t hash = 14695981039346656037ull;  // FNV-1a over every entry
   for (unsigned i = 0; i < 4096; ++i) {
     const int v = LookupRandPhase(i);
-    ASSERT_TRUE(v % 2 == 0 && v >= 2 && v <= 65512) << i << ": " << v;
+    ASSERT_EQ(v % 2, 0) << i;
+    ASSERT_GE(v, 2) << i;
+    ASSERT_LE(v, 65512) << i;
     hash = (hash ^ static_cast<uint64_t>(v)) * 1099511628211ull;
   }
   EXPECT_EQ(hash, 1370208574532479299ull) << "the table changed";

@@ -158,15 +158,22 @@ TEST(PStream, ZeroFilledRecordOrNullForBadArguments) {
   float **c = win.coefficients();
   PStream *ps = PStream_Create(3, l, r, c, 7, 2, 11);
   ASSERT_NE(ps, nullptr);
-  // vector_size, vector_length (7 / 3, rounded down), length, alloc_length, width, num_windows
-  EXPECT_EQ((std::vector<int>{ps->vector_size, ps->vector_length, ps->length, ps->alloc_length,
-                              ps->width, ps->num_windows}),
-            (std::vector<int>{7, 2, 11, 11, 5, 3}));
-  EXPECT_TRUE(ps->win_l_width == l && ps->win_r_width == r && ps->win_coefficient == c)
-      << "the caller's windows, held by pointer";
+  EXPECT_EQ(ps->vector_size, 7);
+  EXPECT_EQ(ps->vector_length, 2);  // 7 / 3, rounded down
+  EXPECT_EQ(ps->length, 11);
+  EXPECT_EQ(ps->alloc_length, 11);
+  EXPECT_EQ(ps->width, 5);
+  EXPECT_EQ(ps->num_windows, 3);
+  // The caller's windows, held by pointer.
+  EXPECT_EQ(ps->win_l_width, l);
+  EXPECT_EQ(ps->win_r_width, r);
+  EXPECT_EQ(ps->win_coefficient, c);
   for (int t = 0; t < 11; ++t) {
     EXPECT_EQ(ps->par[t], 0.0f);
-    for (int i = 0; i < 7; ++i) EXPECT_EQ(ps->mean[t][i] | ps->ivar[t][i], 0);
+    for (int i = 0; i < 7; ++i) {
+      EXPECT_EQ(ps->mean[t][i], 0) << t << "," << i;
+      EXPECT_EQ(ps->ivar[t][i], 0) << t << "," << i;
+    }
   }
   PStream_Destroy(ps);
 
@@ -307,7 +314,8 @@ TEST(Mlpg, CallsWithNothingToGenerate) {
   EXPECT_EQ(std::vector<float>(s.ps->par, s.ps->par + 5), expected);
 
   Stream no_frames(Windows::usual(), 1, 0), no_dims(Windows::usual(), 0, 4);
-  ASSERT_TRUE(no_frames.ps && no_dims.ps);
+  ASSERT_NE(no_frames.ps, nullptr);
+  ASSERT_NE(no_dims.ps, nullptr);
   EXPECT_TRUE(no_frames.generate(0).empty());
   EXPECT_EQ(no_dims.generate(0), std::vector<float>(4, 0.0f));
 }

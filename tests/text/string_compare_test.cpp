@@ -32,7 +32,8 @@ TEST(StringCompare, SharedConvention) {
 TEST(StringCompare, BoundedAndFoldedForms) {
   EXPECT_EQ(bsr_strncmp("abcx", "abcy", 3), 0);
   EXPECT_EQ(bsr_strncmp("abcx", "abcy", 4), -4);
-  EXPECT_EQ(bsr_strncmp("abc", "xyz", 0) + bsr_strncmp("abc", "xyz", -7), 0);
+  EXPECT_EQ(bsr_strncmp("abc", "xyz", 0), 0);
+  EXPECT_EQ(bsr_strncmp("abc", "xyz", -7), 0);
   EXPECT_EQ(bsr_wcsncmp(u"abcx", u"abcy", 4), -4);
   EXPECT_EQ(bsr_stricmp("HeLLo", "hello"), 0);
   EXPECT_EQ(bsr_stricmp("[", "a"), -1);        // '[' sorts below 'a' once 'A' would be folded
