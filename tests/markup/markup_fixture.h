@@ -73,20 +73,20 @@ F mxml_fn(const char *name) {
   static void *lib = dlopen("libmxml.so.1", RTLD_NOW | RTLD_LOCAL);
   return lib ? reinterpret_cast<F>(dlsym(lib, name)) : nullptr;
 }
-#define MX(fn) markup_test::mxml_fn<decltype(&fn)>(#fn)
+#define UTILS_MXML(fn) markup_test::mxml_fn<decltype(&fn)>(#fn)
 
 // A Mini-XML node in the form of describe().
 inline std::string describe(mxml_node_t *node) {
-  if (MX(mxmlGetType)(node) == MXML_OPAQUE)
-    return "\"" + std::string(MX(mxmlGetOpaque)(node)) + "\"";
-  std::string out = MX(mxmlGetElement)(node), attrs;
-  for (int k = 0; k < MX(mxmlElementGetAttrCount)(node); ++k) {
-    const char *name = nullptr, *value = MX(mxmlElementGetAttrByIndex)(node, k, &name);
+  if (UTILS_MXML(mxmlGetType)(node) == MXML_OPAQUE)
+    return "\"" + std::string(UTILS_MXML(mxmlGetOpaque)(node)) + "\"";
+  std::string out = UTILS_MXML(mxmlGetElement)(node), attrs;
+  for (int k = 0; k < UTILS_MXML(mxmlElementGetAttrCount)(node); ++k) {
+    const char *name = nullptr, *value = UTILS_MXML(mxmlElementGetAttrByIndex)(node, k, &name);
     attrs += (k ? "," : "") + std::string(name) + "=" + value;
   }
   if (!attrs.empty()) out += "[" + attrs + "]";
-  mxml_node_t *first = MX(mxmlGetFirstChild)(node);
-  for (mxml_node_t *c = first; c != nullptr; c = MX(mxmlGetNextSibling)(c))
+  mxml_node_t *first = UTILS_MXML(mxmlGetFirstChild)(node);
+  for (mxml_node_t *c = first; c != nullptr; c = UTILS_MXML(mxmlGetNextSibling)(c))
     out += (c == first ? "(" : ",") + describe(c);
   return first != nullptr ? out + ")" : out;
 }

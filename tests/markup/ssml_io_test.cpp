@@ -105,26 +105,27 @@ TEST(SsmlIo, CallersMiniXmlTrees) {
   const char *doc =
       "<?xml version=\"1.0\"?><speak xml:lang=\"fr\"><s>Bonjour <mark "
       "name=\"m\"/>Paris</s></speak>";
-  mxml_node_t *tree = MX(mxmlLoadString)(nullptr, doc, MX(mxml_opaque_cb));
+  mxml_node_t *tree = UTILS_MXML(mxmlLoadString)(nullptr, doc, UTILS_MXML(mxml_opaque_cb));
   ASSERT_NE(tree, nullptr) << "libmxml.so.1 (from libmxml-dev) is needed";
   std::string before = describe(tree);
   Utt utt;
   utt_load_xml(utt.u, tree);
   EXPECT_EQ(utt.tree(), "speak[xml:lang=fr](s(\"Bonjour \",mark[name=m],\"Paris\"))");
   EXPECT_EQ(describe(tree), before);  // the caller's tree is unchanged
-  MX(mxmlDelete)(tree);
+  UTILS_MXML(mxmlDelete)(tree);
   // Rooted at speak itself, with word nodes flagged for white space before.
-  mxml_node_t *speak = MX(mxmlNewElement)(nullptr, "speak"), *s = MX(mxmlNewElement)(speak, "s");
-  MX(mxmlNewText)(s, 0, "two");
-  MX(mxmlNewText)(s, 1, "words");
-  MX(mxmlNewOpaque)(speak, " tail");
+  mxml_node_t *speak = UTILS_MXML(mxmlNewElement)(nullptr, "speak"),
+              *s = UTILS_MXML(mxmlNewElement)(speak, "s");
+  UTILS_MXML(mxmlNewText)(s, 0, "two");
+  UTILS_MXML(mxmlNewText)(s, 1, "words");
+  UTILS_MXML(mxmlNewOpaque)(speak, " tail");
   utt_load_xml(utt.u, speak);
   EXPECT_EQ(utt.tree(), "speak(s(\"two\",\" words\"),\" tail\")");
-  MX(mxmlDelete)(speak);
-  tree = MX(mxmlLoadString)(nullptr, "<doc><p>x</p></doc>", MX(mxml_opaque_cb));
+  UTILS_MXML(mxmlDelete)(speak);
+  tree = UTILS_MXML(mxmlLoadString)(nullptr, "<doc><p>x</p></doc>", UTILS_MXML(mxml_opaque_cb));
   utt_load_xml(utt.u, tree);  // no speak: nothing changes
   EXPECT_EQ(utt.tree(), "speak(s(\"two\",\" words\"),\" tail\")");
-  MX(mxmlDelete)(tree);
+  UTILS_MXML(mxmlDelete)(tree);
 }
 
 TEST(SsmlIo, OnlyMxmlReleaseIsExported) {

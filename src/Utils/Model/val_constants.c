@@ -117,107 +117,107 @@ const val *const utils_val_int_table[61] = {
     &val_int_49, &val_int_50, &val_int_51, &val_int_52, &val_int_53, &val_int_54, &val_int_55,
     &val_int_56, &val_int_57, &val_int_58, &val_int_59, &val_int_60};
 
-static const bsr_wchar text_0[] = u"0";
-static const bsr_wchar text_1[] = u"1";
-static const bsr_wchar text_2[] = u"2";
-static const bsr_wchar text_3[] = u"3";
-static const bsr_wchar text_4[] = u"4";
-static const bsr_wchar text_5[] = u"5";
-static const bsr_wchar text_6[] = u"6";
-static const bsr_wchar text_7[] = u"7";
-static const bsr_wchar text_8[] = u"8";
-static const bsr_wchar text_9[] = u"9";
-static const bsr_wchar text_10[] = u"10";
-static const bsr_wchar text_11[] = u"11";
-static const bsr_wchar text_12[] = u"12";
-static const bsr_wchar text_13[] = u"13";
-static const bsr_wchar text_14[] = u"14";
-static const bsr_wchar text_15[] = u"15";
-static const bsr_wchar text_16[] = u"16";
-static const bsr_wchar text_17[] = u"17";
-static const bsr_wchar text_18[] = u"18";
-static const bsr_wchar text_19[] = u"19";
-static const bsr_wchar text_20[] = u"20";
-static const bsr_wchar text_21[] = u"21";
-static const bsr_wchar text_22[] = u"22";
-static const bsr_wchar text_23[] = u"23";
-static const bsr_wchar text_24[] = u"24";
-static const bsr_wchar text_25[] = u"25";
-static const bsr_wchar text_26[] = u"26";
-static const bsr_wchar text_27[] = u"27";
-static const bsr_wchar text_28[] = u"28";
-static const bsr_wchar text_29[] = u"29";
-static const bsr_wchar text_30[] = u"30";
-static const bsr_wchar text_31[] = u"31";
-static const bsr_wchar text_32[] = u"32";
-static const bsr_wchar text_33[] = u"33";
-static const bsr_wchar text_34[] = u"34";
-static const bsr_wchar text_35[] = u"35";
-static const bsr_wchar text_36[] = u"36";
-static const bsr_wchar text_37[] = u"37";
-static const bsr_wchar text_38[] = u"38";
-static const bsr_wchar text_39[] = u"39";
-static const bsr_wchar text_40[] = u"40";
-static const bsr_wchar text_41[] = u"41";
-static const bsr_wchar text_42[] = u"42";
-static const bsr_wchar text_43[] = u"43";
-static const bsr_wchar text_44[] = u"44";
-static const bsr_wchar text_45[] = u"45";
-static const bsr_wchar text_46[] = u"46";
-static const bsr_wchar text_47[] = u"47";
-static const bsr_wchar text_48[] = u"48";
-static const bsr_wchar text_49[] = u"49";
-static const bsr_wchar text_50[] = u"50";
-static const bsr_wchar text_51[] = u"51";
-static const bsr_wchar text_52[] = u"52";
-static const bsr_wchar text_53[] = u"53";
-static const bsr_wchar text_54[] = u"54";
-static const bsr_wchar text_55[] = u"55";
-static const bsr_wchar text_56[] = u"56";
-static const bsr_wchar text_57[] = u"57";
-static const bsr_wchar text_58[] = u"58";
-static const bsr_wchar text_59[] = u"59";
-static const bsr_wchar text_60[] = u"60";
+static const bsr_wchar kText0[] = u"0";
+static const bsr_wchar kText1[] = u"1";
+static const bsr_wchar kText2[] = u"2";
+static const bsr_wchar kText3[] = u"3";
+static const bsr_wchar kText4[] = u"4";
+static const bsr_wchar kText5[] = u"5";
+static const bsr_wchar kText6[] = u"6";
+static const bsr_wchar kText7[] = u"7";
+static const bsr_wchar kText8[] = u"8";
+static const bsr_wchar kText9[] = u"9";
+static const bsr_wchar kText10[] = u"10";
+static const bsr_wchar kText11[] = u"11";
+static const bsr_wchar kText12[] = u"12";
+static const bsr_wchar kText13[] = u"13";
+static const bsr_wchar kText14[] = u"14";
+static const bsr_wchar kText15[] = u"15";
+static const bsr_wchar kText16[] = u"16";
+static const bsr_wchar kText17[] = u"17";
+static const bsr_wchar kText18[] = u"18";
+static const bsr_wchar kText19[] = u"19";
+static const bsr_wchar kText20[] = u"20";
+static const bsr_wchar kText21[] = u"21";
+static const bsr_wchar kText22[] = u"22";
+static const bsr_wchar kText23[] = u"23";
+static const bsr_wchar kText24[] = u"24";
+static const bsr_wchar kText25[] = u"25";
+static const bsr_wchar kText26[] = u"26";
+static const bsr_wchar kText27[] = u"27";
+static const bsr_wchar kText28[] = u"28";
+static const bsr_wchar kText29[] = u"29";
+static const bsr_wchar kText30[] = u"30";
+static const bsr_wchar kText31[] = u"31";
+static const bsr_wchar kText32[] = u"32";
+static const bsr_wchar kText33[] = u"33";
+static const bsr_wchar kText34[] = u"34";
+static const bsr_wchar kText35[] = u"35";
+static const bsr_wchar kText36[] = u"36";
+static const bsr_wchar kText37[] = u"37";
+static const bsr_wchar kText38[] = u"38";
+static const bsr_wchar kText39[] = u"39";
+static const bsr_wchar kText40[] = u"40";
+static const bsr_wchar kText41[] = u"41";
+static const bsr_wchar kText42[] = u"42";
+static const bsr_wchar kText43[] = u"43";
+static const bsr_wchar kText44[] = u"44";
+static const bsr_wchar kText45[] = u"45";
+static const bsr_wchar kText46[] = u"46";
+static const bsr_wchar kText47[] = u"47";
+static const bsr_wchar kText48[] = u"48";
+static const bsr_wchar kText49[] = u"49";
+static const bsr_wchar kText50[] = u"50";
+static const bsr_wchar kText51[] = u"51";
+static const bsr_wchar kText52[] = u"52";
+static const bsr_wchar kText53[] = u"53";
+static const bsr_wchar kText54[] = u"54";
+static const bsr_wchar kText55[] = u"55";
+static const bsr_wchar kText56[] = u"56";
+static const bsr_wchar kText57[] = u"57";
+static const bsr_wchar kText58[] = u"58";
+static const bsr_wchar kText59[] = u"59";
+static const bsr_wchar kText60[] = u"60";
 
-static const val string_atoms[61] = {
-    UTILS_WSTRING_ATOM(text_0),  UTILS_WSTRING_ATOM(text_1),  UTILS_WSTRING_ATOM(text_2),
-    UTILS_WSTRING_ATOM(text_3),  UTILS_WSTRING_ATOM(text_4),  UTILS_WSTRING_ATOM(text_5),
-    UTILS_WSTRING_ATOM(text_6),  UTILS_WSTRING_ATOM(text_7),  UTILS_WSTRING_ATOM(text_8),
-    UTILS_WSTRING_ATOM(text_9),  UTILS_WSTRING_ATOM(text_10), UTILS_WSTRING_ATOM(text_11),
-    UTILS_WSTRING_ATOM(text_12), UTILS_WSTRING_ATOM(text_13), UTILS_WSTRING_ATOM(text_14),
-    UTILS_WSTRING_ATOM(text_15), UTILS_WSTRING_ATOM(text_16), UTILS_WSTRING_ATOM(text_17),
-    UTILS_WSTRING_ATOM(text_18), UTILS_WSTRING_ATOM(text_19), UTILS_WSTRING_ATOM(text_20),
-    UTILS_WSTRING_ATOM(text_21), UTILS_WSTRING_ATOM(text_22), UTILS_WSTRING_ATOM(text_23),
-    UTILS_WSTRING_ATOM(text_24), UTILS_WSTRING_ATOM(text_25), UTILS_WSTRING_ATOM(text_26),
-    UTILS_WSTRING_ATOM(text_27), UTILS_WSTRING_ATOM(text_28), UTILS_WSTRING_ATOM(text_29),
-    UTILS_WSTRING_ATOM(text_30), UTILS_WSTRING_ATOM(text_31), UTILS_WSTRING_ATOM(text_32),
-    UTILS_WSTRING_ATOM(text_33), UTILS_WSTRING_ATOM(text_34), UTILS_WSTRING_ATOM(text_35),
-    UTILS_WSTRING_ATOM(text_36), UTILS_WSTRING_ATOM(text_37), UTILS_WSTRING_ATOM(text_38),
-    UTILS_WSTRING_ATOM(text_39), UTILS_WSTRING_ATOM(text_40), UTILS_WSTRING_ATOM(text_41),
-    UTILS_WSTRING_ATOM(text_42), UTILS_WSTRING_ATOM(text_43), UTILS_WSTRING_ATOM(text_44),
-    UTILS_WSTRING_ATOM(text_45), UTILS_WSTRING_ATOM(text_46), UTILS_WSTRING_ATOM(text_47),
-    UTILS_WSTRING_ATOM(text_48), UTILS_WSTRING_ATOM(text_49), UTILS_WSTRING_ATOM(text_50),
-    UTILS_WSTRING_ATOM(text_51), UTILS_WSTRING_ATOM(text_52), UTILS_WSTRING_ATOM(text_53),
-    UTILS_WSTRING_ATOM(text_54), UTILS_WSTRING_ATOM(text_55), UTILS_WSTRING_ATOM(text_56),
-    UTILS_WSTRING_ATOM(text_57), UTILS_WSTRING_ATOM(text_58), UTILS_WSTRING_ATOM(text_59),
-    UTILS_WSTRING_ATOM(text_60)};
+static const val kStringAtoms[61] = {
+    UTILS_WSTRING_ATOM(kText0),  UTILS_WSTRING_ATOM(kText1),  UTILS_WSTRING_ATOM(kText2),
+    UTILS_WSTRING_ATOM(kText3),  UTILS_WSTRING_ATOM(kText4),  UTILS_WSTRING_ATOM(kText5),
+    UTILS_WSTRING_ATOM(kText6),  UTILS_WSTRING_ATOM(kText7),  UTILS_WSTRING_ATOM(kText8),
+    UTILS_WSTRING_ATOM(kText9),  UTILS_WSTRING_ATOM(kText10), UTILS_WSTRING_ATOM(kText11),
+    UTILS_WSTRING_ATOM(kText12), UTILS_WSTRING_ATOM(kText13), UTILS_WSTRING_ATOM(kText14),
+    UTILS_WSTRING_ATOM(kText15), UTILS_WSTRING_ATOM(kText16), UTILS_WSTRING_ATOM(kText17),
+    UTILS_WSTRING_ATOM(kText18), UTILS_WSTRING_ATOM(kText19), UTILS_WSTRING_ATOM(kText20),
+    UTILS_WSTRING_ATOM(kText21), UTILS_WSTRING_ATOM(kText22), UTILS_WSTRING_ATOM(kText23),
+    UTILS_WSTRING_ATOM(kText24), UTILS_WSTRING_ATOM(kText25), UTILS_WSTRING_ATOM(kText26),
+    UTILS_WSTRING_ATOM(kText27), UTILS_WSTRING_ATOM(kText28), UTILS_WSTRING_ATOM(kText29),
+    UTILS_WSTRING_ATOM(kText30), UTILS_WSTRING_ATOM(kText31), UTILS_WSTRING_ATOM(kText32),
+    UTILS_WSTRING_ATOM(kText33), UTILS_WSTRING_ATOM(kText34), UTILS_WSTRING_ATOM(kText35),
+    UTILS_WSTRING_ATOM(kText36), UTILS_WSTRING_ATOM(kText37), UTILS_WSTRING_ATOM(kText38),
+    UTILS_WSTRING_ATOM(kText39), UTILS_WSTRING_ATOM(kText40), UTILS_WSTRING_ATOM(kText41),
+    UTILS_WSTRING_ATOM(kText42), UTILS_WSTRING_ATOM(kText43), UTILS_WSTRING_ATOM(kText44),
+    UTILS_WSTRING_ATOM(kText45), UTILS_WSTRING_ATOM(kText46), UTILS_WSTRING_ATOM(kText47),
+    UTILS_WSTRING_ATOM(kText48), UTILS_WSTRING_ATOM(kText49), UTILS_WSTRING_ATOM(kText50),
+    UTILS_WSTRING_ATOM(kText51), UTILS_WSTRING_ATOM(kText52), UTILS_WSTRING_ATOM(kText53),
+    UTILS_WSTRING_ATOM(kText54), UTILS_WSTRING_ATOM(kText55), UTILS_WSTRING_ATOM(kText56),
+    UTILS_WSTRING_ATOM(kText57), UTILS_WSTRING_ATOM(kText58), UTILS_WSTRING_ATOM(kText59),
+    UTILS_WSTRING_ATOM(kText60)};
 
 const val *const utils_val_string_table[61] = {
-    &string_atoms[0],  &string_atoms[1],  &string_atoms[2],  &string_atoms[3],  &string_atoms[4],
-    &string_atoms[5],  &string_atoms[6],  &string_atoms[7],  &string_atoms[8],  &string_atoms[9],
-    &string_atoms[10], &string_atoms[11], &string_atoms[12], &string_atoms[13], &string_atoms[14],
-    &string_atoms[15], &string_atoms[16], &string_atoms[17], &string_atoms[18], &string_atoms[19],
-    &string_atoms[20], &string_atoms[21], &string_atoms[22], &string_atoms[23], &string_atoms[24],
-    &string_atoms[25], &string_atoms[26], &string_atoms[27], &string_atoms[28], &string_atoms[29],
-    &string_atoms[30], &string_atoms[31], &string_atoms[32], &string_atoms[33], &string_atoms[34],
-    &string_atoms[35], &string_atoms[36], &string_atoms[37], &string_atoms[38], &string_atoms[39],
-    &string_atoms[40], &string_atoms[41], &string_atoms[42], &string_atoms[43], &string_atoms[44],
-    &string_atoms[45], &string_atoms[46], &string_atoms[47], &string_atoms[48], &string_atoms[49],
-    &string_atoms[50], &string_atoms[51], &string_atoms[52], &string_atoms[53], &string_atoms[54],
-    &string_atoms[55], &string_atoms[56], &string_atoms[57], &string_atoms[58], &string_atoms[59],
-    &string_atoms[60]};
+    &kStringAtoms[0],  &kStringAtoms[1],  &kStringAtoms[2],  &kStringAtoms[3],  &kStringAtoms[4],
+    &kStringAtoms[5],  &kStringAtoms[6],  &kStringAtoms[7],  &kStringAtoms[8],  &kStringAtoms[9],
+    &kStringAtoms[10], &kStringAtoms[11], &kStringAtoms[12], &kStringAtoms[13], &kStringAtoms[14],
+    &kStringAtoms[15], &kStringAtoms[16], &kStringAtoms[17], &kStringAtoms[18], &kStringAtoms[19],
+    &kStringAtoms[20], &kStringAtoms[21], &kStringAtoms[22], &kStringAtoms[23], &kStringAtoms[24],
+    &kStringAtoms[25], &kStringAtoms[26], &kStringAtoms[27], &kStringAtoms[28], &kStringAtoms[29],
+    &kStringAtoms[30], &kStringAtoms[31], &kStringAtoms[32], &kStringAtoms[33], &kStringAtoms[34],
+    &kStringAtoms[35], &kStringAtoms[36], &kStringAtoms[37], &kStringAtoms[38], &kStringAtoms[39],
+    &kStringAtoms[40], &kStringAtoms[41], &kStringAtoms[42], &kStringAtoms[43], &kStringAtoms[44],
+    &kStringAtoms[45], &kStringAtoms[46], &kStringAtoms[47], &kStringAtoms[48], &kStringAtoms[49],
+    &kStringAtoms[50], &kStringAtoms[51], &kStringAtoms[52], &kStringAtoms[53], &kStringAtoms[54],
+    &kStringAtoms[55], &kStringAtoms[56], &kStringAtoms[57], &kStringAtoms[58], &kStringAtoms[59],
+    &kStringAtoms[60]};
 
-static const bsr_wchar text_x[] = u"x";
-static const bsr_wchar text_default[] = u"0";
-const val utils_val_string_x = UTILS_WSTRING_ATOM(text_x);
-const val utils_val_ffeature_default = UTILS_WSTRING_ATOM(text_default);
+static const bsr_wchar kTextX[] = u"x";
+static const bsr_wchar kTextDefault[] = u"0";
+const val utils_val_string_x = UTILS_WSTRING_ATOM(kTextX);
+const val utils_val_ffeature_default = UTILS_WSTRING_ATOM(kTextDefault);
