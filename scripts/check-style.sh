@@ -13,8 +13,10 @@
 # include guard derived from the path; the sources each folder lists in its
 # sources.cmake and the folders in UTILS_SUBSYSTEMS; the folder layering of
 # the README's table; that every global symbol of the library is exported, in
-# utils::, or a C-linkage utils_ name; no NULL in C++ code; and no mention of
-# the design document outside the Markdown files. Exit status 1 on findings.
+# utils::, a C-linkage utils_ name or a member of an interface type; no NULL
+# in C++ code; and, outside the Markdown files, no citation of an outside
+# text (numbered parts such as "Part N.M", or such a text by name). Exit
+# status 1 on findings.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 command -v python3 > /dev/null || { echo "check-style: python3 is needed (scripts/install-deps.sh)"; exit 2; }
@@ -190,11 +192,11 @@ for path in CODE:
     for mm in re.finditer(r'\bNULL\b', code):
         report(path, code.count('\n', 0, mm.start()) + 1, 'NULL in C++ code: write nullptr')
 
-# --- no mention of the design document --------------------------------------------
+# --- no citation of an outside text -------------------------------------------------
 DESIGN = re.compile(r'\b[Pp]art [0-9]\.[0-9]|\b' + 'spe' + r'c(ification)?\b|' + 'spe' + r'c\.md')
 for path in FILES:
     if DESIGN.search(path):
-        report(path, 1, 'the file name mentions the design document')
+        report(path, 1, 'the file name cites an outside text')
     if path.endswith('.md'):
         continue
     try:
@@ -203,7 +205,7 @@ for path in FILES:
         continue
     for mm in DESIGN.finditer(text):
         report(path, text.count('\n', 0, mm.start()) + 1,
-               'mentions the design document ("%s"): write as this library\'s own developer' % mm.group(0))
+               'cites an outside text ("%s"): write as this library\'s own developer' % mm.group(0))
 
 # --- global symbols of the library ------------------------------------------------
 if symbols:
