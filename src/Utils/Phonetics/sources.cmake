@@ -1,2 +1,5 @@
 # sources.cmake - the IPA inventory, context features and labels.
-# (no sources yet)
+target_sources(UtilsObjects PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/ipa_inventory.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ipa_predicates.cpp
+)

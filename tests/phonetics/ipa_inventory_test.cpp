@@ -1,0 +1,282 @@
+// ipa_inventory_test.cpp - the IPA inventory against a table of its own: each
+// symbol described by its phonetic name ("voiced bilabial plosive"), the
+// names translated into the expected fields here, so that a mistyped number
+// in the library's rows shows up as a disagreement with the name.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "ipa_phoneme.h"
+
+namespace {
+
+struct Named {
+  uint32_t code;
+  const char *name;
+};
+
+// The sj-sound U+0267 has no place bit in the inventory: "unplaced".
+// Clicks and the epiglottal plosive carry no voicing word.
+const Named kNamed[] = {
+    {0x0061, "open front unrounded vowel"},
+    {0x0062, "voiced bilabial plosive"},
+    {0x0063, "voiceless palatal plosive"},
+    {0x0064, "voiced alveolar plosive"},
+    {0x0065, "close-mid front unrounded vowel"},
+    {0x0066, "voiceless labiodental fricative"},
+    {0x0067, "voiced velar plosive"},
+    {0x0068, "voiceless glottal fricative"},
+    {0x0069, "close front unrounded vowel"},
+    {0x006A, "voiced palatal approximant"},
+    {0x006B, "voiceless velar plosive"},
+    {0x006C, "voiced alveolar lateral approximant"},
+    {0x006D, "voiced bilabial nasal"},
+    {0x006E, "voiced alveolar nasal"},
+    {0x006F, "close-mid back rounded vowel"},
+    {0x0070, "voiceless bilabial plosive"},
+    {0x0071, "voiceless uvular plosive"},
+    {0x0072, "voiced alveolar trill"},
+    {0x0073, "voiceless alveolar fricative"},
+    {0x0074, "voiceless alveolar plosive"},
+    {0x0075, "close back rounded vowel"},
+    {0x0076, "voiced labiodental fricative"},
+    {0x0077, "voiced labial-velar approximant"},
+    {0x0078, "voiceless velar fricative"},
+    {0x0079, "close front rounded vowel"},
+    {0x007A, "voiced alveolar fricative"},
+    {0x00E6, "near-open front unrounded vowel"},
+    {0x00E7, "voiceless palatal fricative"},
+    {0x00F0, "voiced dental fricative"},
+    {0x00F8, "close-mid front rounded vowel"},
+    {0x0127, "voiceless pharyngeal fricative"},
+    {0x014B, "voiced velar nasal"},
+    {0x0153, "open-mid front rounded vowel"},
+    {0x01C0, "dental click"},
+    {0x01C1, "alveolar lateral click"},
+    {0x01C2, "postalveolar click"},
+    {0x01C3, "alveolar click"},
+    {0x0250, "near-open central vowel"},
+    {0x0251, "open back unrounded vowel"},
+    {0x0252, "open back rounded vowel"},
+    {0x0253, "voiced bilabial implosive"},
+    {0x0254, "open-mid back rounded vowel"},
+    {0x0255, "voiceless alveolo-palatal fricative"},
+    {0x0256, "voiced retroflex plosive"},
+    {0x0257, "voiced alveolar implosive"},
+    {0x0258, "close-mid central unrounded vowel"},
+    {0x0259, "mid central vowel"},
+    {0x025A, "open-mid central unrounded vowel"},
+    {0x025B, "open-mid front unrounded vowel"},
+    {0x025C, "open-mid central unrounded vowel"},
+    {0x025D, "open-mid central unrounded vowel"},
+    {0x025E, "open-mid central rounded vowel"},
+    {0x025F, "voiced palatal plosive"},
+    {0x0260, "voiced velar implosive"},
+    {0x0261, "voiced velar plosive"},
+    {0x0262, "voiced uvular plosive"},
+    {0x0263, "voiced velar fricative"},
+    {0x0264, "close-mid back unrounded vowel"},
+    {0x0265, "voiced labial-palatal approximant"},
+    {0x0266, "voiced glottal fricative"},
+    {0x0267, "voiceless unplaced fricative"},
+    {0x0268, "close central unrounded vowel"},
+    {0x026A, "near-close near-front unrounded vowel"},
+    {0x026C, "voiceless alveolar lateral fricative"},
+    {0x026D, "voiced retroflex lateral approximant"},
+    {0x026E, "voiced alveolar lateral fricative"},
+    {0x026F, "close back unrounded vowel"},
+    {0x0270, "voiced velar approximant"},
+    {0x0271, "voiced labiodental nasal"},
+    {0x0272, "voiced palatal nasal"},
+    {0x0273, "voiced retroflex nasal"},
+    {0x0274, "voiced uvular nasal"},
+    {0x0275, "close-mid central rounded vowel"},
+    {0x0276, "open front rounded vowel"},
+    {0x0278, "voiceless bilabial fricative"},
+    {0x0279, "voiced alveolar approximant"},
+    {0x027A, "voiced alveolar lateral tap"},
+    {0x027B, "voiced retroflex approximant"},
+    {0x027D, "voiced retroflex tap"},
+    {0x027E, "voiced alveolar tap"},
+    {0x0280, "voiced uvular trill"},
+    {0x0281, "voiced uvular fricative"},
+    {0x0282, "voiceless retroflex fricative"},
+    {0x0283, "voiceless postalveolar fricative"},
+    {0x0284, "voiced palatal implosive"},
+    {0x0288, "voiceless retroflex plosive"},
+    {0x0289, "close central rounded vowel"},
+    {0x028A, "near-close near-back rounded vowel"},
+    {0x028B, "voiced labiodental approximant"},
+    {0x028C, "open-mid back unrounded vowel"},
+    {0x028D, "voiceless labial-velar approximant"},
+    {0x028E, "voiced palatal lateral approximant"},
+    {0x028F, "near-close near-front rounded vowel"},
+    {0x0290, "voiced retroflex fricative"},
+    {0x0291, "voiced alveolo-palatal fricative"},
+    {0x0292, "voiced postalveolar fricative"},
+    {0x0294, "voiceless glottal plosive"},
+    {0x0295, "voiced pharyngeal fricative"},
+    {0x0298, "bilabial click"},
+    {0x0299, "voiced bilabial trill"},
+    {0x029B, "voiced uvular implosive"},
+    {0x029C, "voiceless epiglottal fricative"},
+    {0x029D, "voiced palatal fricative"},
+    {0x029F, "voiced velar lateral approximant"},
+    {0x02A1, "epiglottal plosive"},
+    {0x02A2, "voiced epiglottal fricative"},
+    {0x02A3, "voiced alveolar affricate"},
+    {0x02A4, "voiced postalveolar affricate"},
+    {0x02A5, "voiced alveolo-palatal affricate"},
+    {0x02A6, "voiceless alveolar affricate"},
+    {0x02A7, "voiceless postalveolar affricate"},
+    {0x02A8, "voiceless alveolo-palatal affricate"},
+    {0x03B2, "voiced bilabial fricative"},
+    {0x03B8, "voiceless dental fricative"},
+    {0x03C7, "voiceless uvular fricative"},
+};
+
+const uint32_t kDiacritics[] = {
+    0x02BC, 0x0329, 0x032F, 0x02B0, 0x207F, 0x02E1, 0x031A, 0x030A, 0x0325, 0x032D, 0x032C, 0x0324,
+    0x0330, 0x033C, 0x032A, 0x033A, 0x033B, 0x031F, 0x0320, 0x0308, 0x033D, 0x031E, 0x031D, 0x0339,
+    0x031C, 0x02B7, 0x02B2, 0x02E0, 0x1DA3, 0x02E4, 0x0334, 0x0318, 0x0319, 0x0303, 0x02DE, 0x02B4};
+
+struct Fields {
+  int klass = 0, height = 0, backness = 0, rounding = 0, manner = 0, place = 0;
+  int voicing = 0, nasality = 0, laterality = 0, airstream = 0;
+};
+
+// Translates a phonetic name into the inventory's numbers.
+Fields fields_of(const std::string &name) {
+  static const std::map<std::string, int> kHeight = {
+      {"close", 1},    {"near-close", 2}, {"close-mid", 3}, {"mid", 4},
+      {"open-mid", 5}, {"near-open", 6},  {"open", 7}};
+  static const std::map<std::string, int> kBackness = {
+      {"front", 1}, {"near-front", 2}, {"central", 3}, {"near-back", 4}, {"back", 5}};
+  static const std::map<std::string, int> kPlace = {
+      {"bilabial", 1},       {"labiodental", 2},     {"dental", 4},           {"alveolar", 8},
+      {"postalveolar", 16},  {"retroflex", 32},      {"palatal", 64},         {"velar", 128},
+      {"uvular", 256},       {"pharyngeal", 512},    {"epiglottal", 1024},    {"glottal", 2048},
+      {"labial-velar", 129}, {"labial-palatal", 65}, {"alveolo-palatal", 72}, {"unplaced", 0}};
+  static const std::map<std::string, int> kManner = {
+      {"plosive", 1}, {"nasal", 1}, {"implosive", 1}, {"fricative", 2}, {"approximant", 3},
+      {"trill", 4},   {"tap", 5},   {"click", 6},     {"affricate", 7}};
+  Fields f;
+  std::istringstream words(name);
+  std::string w;
+  bool lateral = false;
+  while (words >> w) {
+    if (w == "vowel") {
+      f.klass = 1;
+    } else if (kHeight.count(w) != 0 && f.height == 0) {
+      f.height = kHeight.at(w);
+    } else if (kBackness.count(w) != 0) {
+      f.backness = kBackness.at(w);
+    } else if (w == "rounded") {
+      f.rounding = 1;
+    } else if (w == "unrounded") {
+      f.rounding = 2;
+    } else if (w == "voiced") {
+      f.voicing = 1;
+    } else if (w == "voiceless") {
+      f.voicing = 2;
+    } else if (w == "lateral") {
+      lateral = true;
+    } else if (kPlace.count(w) != 0) {
+      f.place = kPlace.at(w);
+    } else if (kManner.count(w) != 0) {
+      f.klass = 2;
+      f.manner = kManner.at(w);
+      f.nasality = w == "nasal" ? 2 : w == "click" ? 3 : 1;
+      f.airstream = w == "implosive" ? 6 : w == "click" ? 4 : 1;
+    } else {
+      ADD_FAILURE() << "unknown word " << w << " in " << name;
+    }
+  }
+  if (f.klass == 2) {
+    const bool throat = f.place == 512 || f.place == 1024 || f.place == 2048;
+    f.laterality = lateral ? 2 : throat ? 0 : 1;
+  }
+  return f;
+}
+
+TEST(IpaInventory, EveryRowAgreesWithThePhoneticName) {
+  ASSERT_EQ(sizeof kNamed / sizeof kNamed[0], 115u);
+  for (const Named &n : kNamed) {
+    SCOPED_TRACE(n.name);
+    const IPAPhonemeFeat *row = GetIPAPhonemeFeat(n.code);
+    ASSERT_NE(row, nullptr);
+    const Fields f = fields_of(n.name);
+    EXPECT_EQ(row->CodePoint, n.code);
+    EXPECT_EQ(row->Class, f.klass);
+    EXPECT_EQ(row->Height, f.height);
+    EXPECT_EQ(row->Backness, f.backness);
+    EXPECT_EQ(row->Rounding, f.rounding);
+    EXPECT_EQ(row->Manner, f.manner);
+    EXPECT_EQ(row->Reserved, 0);
+    EXPECT_EQ(row->Place, f.place);
+    EXPECT_EQ(row->Voicing, f.voicing);
+    EXPECT_EQ(row->Nasality, f.nasality);
+    EXPECT_EQ(row->Laterality, f.laterality);
+    EXPECT_EQ(row->Airstream, f.airstream);
+  }
+}
+
+TEST(IpaInventory, RowRecordHasTheFourteenByteLayout) {
+  EXPECT_EQ(sizeof(IPAPhonemeFeat), 14u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Class), 2u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Reserved), 7u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Place), 8u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Voicing), 10u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Airstream), 13u);
+}
+
+TEST(IpaInventory, OnlyTheNamedSymbolsAndSilenceHaveRows) {
+  std::set<uint32_t> named;
+  for (const Named &n : kNamed) named.insert(n.code);
+  for (uint32_t c = 0; c <= 0x10000; ++c) {
+    const bool expected = named.count(c) != 0 || c == 0x23;
+    ASSERT_EQ(IsIPAPhoneme(c), expected ? 1 : 0) << std::hex << c;
+  }
+}
+
+TEST(IpaInventory, SilenceRowIsZeroButItsCodePoint) {
+  const IPAPhonemeFeat *row = GetIPAPhonemeFeat(0x23);
+  ASSERT_NE(row, nullptr);
+  EXPECT_EQ(row->CodePoint, 0x23);
+  EXPECT_EQ(row->Class, 0);
+  EXPECT_EQ(row->Manner, 0);
+  EXPECT_EQ(row->Place, 0);
+  EXPECT_EQ(row->Airstream, 0);
+}
+
+TEST(IpaInventory, SetListsTheRowsInAscendingOrder) {
+  bsr_wchar set[117];
+  set[116] = 0x7777;  // must stay untouched
+  GetIPAPhonemeSet(set);
+  EXPECT_EQ(GetNumIPAPhoneme(), 115);
+  for (int r = 0; r < 115; ++r) EXPECT_EQ(set[r], kNamed[r].code) << r;
+  EXPECT_EQ(set[115], 0);
+  EXPECT_EQ(set[116], 0x7777);
+}
+
+TEST(IpaInventory, DiacriticsAreExactlyTheThirtySix) {
+  std::set<uint32_t> listed(std::begin(kDiacritics), std::end(kDiacritics));
+  ASSERT_EQ(listed.size(), 36u);
+  for (uint32_t c = 0; c <= 0x10000; ++c) {
+    ASSERT_EQ(IsIPADiacritics(c), listed.count(c) != 0 ? 1 : 0) << std::hex << c;
+  }
+}
+
+TEST(IpaInventory, SpecialSymbols) {
+  EXPECT_EQ(IPASilence(), 0x0023u);
+  EXPECT_EQ(IPASyllableBreak(), 0x002Eu);
+  EXPECT_EQ(IPAWordBreak(), 0x2223u);
+  EXPECT_EQ(IPAPrimaryStress(), 0x02C8u);
+  EXPECT_EQ(IPASecondaryStress(), 0x02CCu);
+}
+
+}  // namespace
