@@ -82,7 +82,7 @@ TEST(SsmlIo, EditedTreesAndRepeatedLoads) {
   ASSERT_EQ(utt.load("<speak><s>one</s></speak>"), 1);
   ASSERT_EQ(utt.load("<speak><s xml:lang=\"en\">a</s><s xml:lang=\"en\">a</s></speak>"), 1);
   EXPECT_EQ(item_next(utt.root()), nullptr);  // the new tree replaced the old
-  // Equal texts may share one counted value; edits must not show through.
+  // Edits to one item must not show through in another with equal texts.
   item *first = item_daughter(utt.root()), *second = item_next(first);
   item_set_wstring(first, "tag", u"p");
   item_set_wstring(item_daughter(first), "text", u"b");
@@ -99,6 +99,28 @@ TEST(SsmlIo, EditedTreesAndRepeatedLoads) {
   mxml_node_t *doc = utt_to_xml(utt.u);
   EXPECT_EQ(describe(doc), kDeclNode + "(speak(s[name=caf\xC3\xA9,break=,xml:lang=en](\"a\")))");
   mxmlRelease(doc);
+}
+
+// Every element name, attribute value and text run loads as a value of its
+// own, held once by its item: equal texts never share a counted cell.
+TEST(SsmlIo, EachLoadedTextIsAFreshValue) {
+  Utt utt;
+  ASSERT_EQ(utt.load("<speak><s xml:lang=\"en\">a</s><s xml:lang=\"en\">a</s></speak>"), 1);
+  item *first = item_daughter(utt.root());
+  item *second = item_next(first);
+  ASSERT_NE(second, nullptr);
+  const val *tag1 = item_feat(first, "tag");
+  const val *tag2 = item_feat(second, "tag");
+  EXPECT_NE(tag1, tag2);
+  EXPECT_EQ(tag1->c.atom.ref_count, 1);
+  const val *lang1 = item_feat(first, "xml:lang");
+  const val *lang2 = item_feat(second, "xml:lang");
+  EXPECT_NE(lang1, lang2);
+  EXPECT_EQ(lang2->c.atom.ref_count, 1);
+  const val *text1 = item_feat(item_daughter(first), "text");
+  const val *text2 = item_feat(item_daughter(second), "text");
+  EXPECT_NE(text1, text2);
+  EXPECT_EQ(text1->c.atom.ref_count, 1);
 }
 
 TEST(SsmlIo, CallersMiniXmlTrees) {

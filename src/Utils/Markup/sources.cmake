@@ -6,7 +6,7 @@ target_sources(UtilsObjects PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/inherited_att.cpp
   ${CMAKE_CURRENT_LIST_DIR}/move_tree.cpp
   ${CMAKE_CURRENT_LIST_DIR}/scratch_text.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/shared_values.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/wide_value.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ssml_load.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ssml_save.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ssml_to_xml.cpp

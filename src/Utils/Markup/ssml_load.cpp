@@ -6,14 +6,15 @@
 #include <string.h>
 
 #include "Utils/Markup/item_tag.h"
-#include "Utils/Markup/shared_values.h"
 #include "Utils/Markup/ssml_names.h"
+#include "Utils/Markup/wide_value.h"
+#include "Utils/Model/feature_store.h"
 
 using utils::markup::kRelationName;
 using utils::markup::kRootElement;
 using utils::markup::kTagFeature;
 using utils::markup::kTextFeature;
-using utils::markup::SharedValues;
+using utils::markup::make_wide_value;
 
 namespace {
 
@@ -40,43 +41,40 @@ NodeKind kind_of(mxml_node_t *node) {
   }
 }
 
-// What one conversion works with: the values shared between items.
-struct Converter {
-  SharedValues values;
-};
-
-void set_wide(item *it, const char *name, const char *utf8, Converter &conv,
-              bool lead_blank = false) {
-  if (val *v = conv.values.get(utf8 != nullptr ? utf8 : "", lead_blank); v != nullptr)
-    item_set(it, name, v);
+void set_wide(item *it, const char *name, const char *utf8, bool lead_blank = false) {
+  features *f = item_feats(it);
+  if (f == nullptr) return;
+  // A value that cannot be stored is released rather than lost.
+  if (val *v = make_wide_value(utf8 != nullptr ? utf8 : "", lead_blank); v != nullptr)
+    utils::model::adopt_value(f, name, v);
 }
 
 // "tag" first, then the attributes from the last to the first: the item's
 // list (newest first) then reads attribute 1, 2, ..., "tag".
-void set_element(item *it, mxml_node_t *element, Converter &conv) {
-  set_wide(it, kTagFeature, mxmlGetElement(element), conv);
+void set_element(item *it, mxml_node_t *element) {
+  set_wide(it, kTagFeature, mxmlGetElement(element));
   for (int k = mxmlElementGetAttrCount(element) - 1; k >= 0; --k) {
     const char *name = nullptr;
     const char *value = mxmlElementGetAttrByIndex(element, k, &name);
     // An attribute called "tag" would rename the element; it cannot be
     // held in the tree and is dropped.
     if (name == nullptr || !name[0] || strcmp(name, kTagFeature) == 0) continue;
-    set_wide(it, name, value, conv);
+    set_wide(it, name, value);
   }
 }
 
-void set_text(item *it, mxml_node_t *node, Converter &conv) {
+void set_text(item *it, mxml_node_t *node) {
   mxml_type_t type = mxmlGetType(node);
   if (type == MXML_OPAQUE) {
-    set_wide(it, kTextFeature, mxmlGetOpaque(node), conv);
+    set_wide(it, kTextFeature, mxmlGetOpaque(node));
   } else if (type == MXML_ELEMENT) {  // a CDATA section (see kind_of)
-    set_wide(it, kTextFeature, mxmlGetCDATA(node), conv);
+    set_wide(it, kTextFeature, mxmlGetCDATA(node));
   } else {
     // A word of a tree loaded in text mode; its flag stands for the
     // white space before it.
     int blank = 0;
     const char *word = mxmlGetText(node, &blank);
-    set_wide(it, kTextFeature, word, conv, blank != 0);
+    set_wide(it, kTextFeature, word, blank != 0);
   }
 }
 
@@ -93,7 +91,7 @@ mxml_node_t *find_root_element(mxml_node_t *tree) {
 // sibling lists nor deep nesting use any stack. Climbing asks the last item
 // of a finished list for its parent, which walks that list once: linear in
 // all.
-void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
+void convert_content(item *root, mxml_node_t *speak) {
   mxml_node_t *owner = speak;  // the element whose children are converted
   mxml_node_t *node = mxmlGetFirstChild(speak);
   item *parent = root;   // owner's item; only needed while `last` is null
@@ -116,9 +114,9 @@ void convert_content(item *root, mxml_node_t *speak, Converter &conv) {
     if (made == nullptr) return;  // out of memory: keep what was built
     last = made;
     if (kind == NodeKind::kText) {
-      set_text(made, node, conv);
+      set_text(made, node);
     } else {
-      set_element(made, node, conv);
+      set_element(made, node);
       if (mxml_node_t *first = mxmlGetFirstChild(node); first != nullptr) {
         owner = node;
         parent = made;
@@ -135,9 +133,8 @@ void build_tree(utterance *u, mxml_node_t *speak) {
   relation *rel = utt_relation_create(u, kRelationName);
   item *root = relation_append(rel, nullptr);
   if (root == nullptr) return;
-  Converter conv;
-  set_element(root, speak, conv);
-  convert_content(root, speak, conv);
+  set_element(root, speak);
+  convert_content(root, speak);
 }
 
 // Parse errors are reported through the result alone. This Mini-XML copy is
