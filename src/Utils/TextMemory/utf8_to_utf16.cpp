@@ -85,18 +85,17 @@ inline bool convert_character(const Byte *&s, bsr_wchar *&d) {
 }
 
 // Characters that stand between ASCII words alone or a few together (an
-// accented letter, an emoji, a two-character Chinese word in English text)
-// are decoded one by one: cheaper than a block step that keeps few of its
-// lanes. Stops at ASCII, after kShortRun characters, or in front of an
-// ill-formed one. Reads at most 4 * kShortRun + 1 bytes and writes at most
-// 2 * kShortRun units, which the fast part's room covers. Returns whether
-// the run ended in ASCII, that is, whether it was short.
-constexpr int kShortRun = 4;
-static_assert(4 * kShortRun + 1 <= utils::text::kUtf8BlockReads, "reads stay in the room");
-static_assert(2 * kShortRun <= utils::text::kUtf8BlockWrites, "writes stay in the room");
+// accented letter, an emoji, a short Chinese word in English text) are
+// decoded one by one: cheaper than a block step that keeps few of its lanes.
+// Stops at ASCII, after kShortRun characters, in front of an ill-formed one,
+// or where less than one character's room is left (at most five bytes read,
+// the lead of the next one included, and two units written). Returns
+// whether the run ended in ASCII, that is, whether it was short.
+constexpr int kShortRun = 8;
 
-inline bool convert_short_run(const Byte *&s, bsr_wchar *&d) {
-  for (int k = 0; k < kShortRun; ++k) {
+inline bool convert_short_run(const Byte *&s, const Byte *end, bsr_wchar *&d,
+                              const bsr_wchar *dend) {
+  for (int k = 0; k < kShortRun && end - s >= 5 && dend - d >= 2; ++k) {
     if (!convert_character(s, d)) return false;
     if (s[0] < 0x80) return true;
   }
@@ -124,7 +123,7 @@ bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend
       d += ascii;
       if (!fast_room(s, end, d, dend)) break;
     }
-    if (convert_short_run(s, d)) continue;
+    if (convert_short_run(s, end, d, dend)) continue;
     if (!fast_room(s, end, d, dend)) break;
     if (utils::text::starts_three_byte_run(s) &&
         utils::text::convert_three_byte_run(s, end, d, dend))
