@@ -125,6 +125,42 @@ std::string mixed_text() {
   });
 }
 
+// Code-switched text as Chinese-English messages have it: the script
+// changes every one to four characters (short ASCII words, single Chinese
+// characters, accented letters, emoji), with no long run of any kind.
+std::string switching_text() {
+  static const std::vector<std::string> ascii = {"a", "to", "OK", "is", "3", "AI", "go", "x1"};
+  static const std::vector<std::string> accented = {"\xC3\xA9",
+                                                    "\xC3\xB1",
+                                                    "\xC3\xBC",
+                                                    "\xC3\xA7"
+                                                    "a",
+                                                    "\xC3\xA0",
+                                                    "\xC3\xB8"};
+  WordSource src(5);
+  std::string text;
+  while (text.size() < kTextBytes) {
+    switch (src.below(5)) {
+      case 0:
+        text += src.pick(ascii);
+        break;
+      case 1:
+        text += src.pick(kChinese).substr(0, 3);  // one character
+        break;
+      case 2:
+        text += src.pick(accented);
+        break;
+      case 3:
+        text += src.pick(kEmoji);
+        break;
+      default:
+        text += src.below(2) == 0 ? " " : ",";
+        break;
+    }
+  }
+  return text;
+}
+
 struct Text {
   std::string name;
   std::string utf8;
@@ -261,7 +297,8 @@ class RatioReporter : public benchmark::ConsoleReporter {
 int main(int argc, char **argv) {
   static const std::vector<Text> texts = {
       prepare("ascii", english_text()), prepare("latin", accented_text()),
-      prepare("chinese", chinese_text()), prepare("mixed", mixed_text())};
+      prepare("chinese", chinese_text()), prepare("mixed", mixed_text()),
+      prepare("switching", switching_text())};
   for (const Text &t : texts) {
     benchmark::RegisterBenchmark(("UTF8ToUTF16/" + t.name + "/Utils").c_str(), utils_from_utf8, &t);
     benchmark::RegisterBenchmark(("UTF8ToUTF16/" + t.name + "/ICU").c_str(), icu_from_utf8, &t);

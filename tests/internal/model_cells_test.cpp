@@ -9,6 +9,7 @@
 #include "Utils/Model/feature_store.h"
 #include "Utils/Model/item_contents.h"
 #include "Utils/Model/val_cell.h"
+#include "bsr_string.h"
 #include "ssml_io.h"
 #include "utt_features.h"
 
@@ -67,6 +68,22 @@ TEST(WstringWithRoom, HoldsItsTextAndIsReleasedOnce) {
   delete_features(b);  // frees cell and text together
 }
 
+// wstring_val copies the text into the cell's own block; a null text gives
+// a wide-string value without one.
+TEST(WstringVal, CopiesIntoTheCellsBlock) {
+  bsr_wchar text[] = u"copy me";
+  val *v = wstring_val(text);
+  ASSERT_NE(v, nullptr);
+  EXPECT_TRUE(wstring_in_cell_block(v));
+  text[0] = u'X';
+  EXPECT_EQ(std::u16string(val_wstring(v)), u"copy me");
+  delete_val(v);
+  val *empty = wstring_val(nullptr);
+  ASSERT_NE(empty, nullptr);
+  EXPECT_EQ(val_wstring(empty), nullptr);
+  delete_val(empty);
+}
+
 TEST(WstringWithRoom, FittingKeepsTheTextAndMovesThePayload) {
   val *v = wstring_val_with_room(1000);
   ASSERT_NE(v, nullptr);
@@ -78,7 +95,7 @@ TEST(WstringWithRoom, FittingKeepsTheTextAndMovesThePayload) {
   EXPECT_EQ(std::u16string(val_wstring(v)), u"\x4E2D!");
   delete_val(v);
   // Values of separately allocated strings are not touched by fitting.
-  val *w = wstring_val(u"abc");
+  val *w = val_new_typed(BSR_VAL_WSTRING, tts_wcsdup(u"abc"));
   EXPECT_FALSE(wstring_in_cell_block(w));
   EXPECT_EQ(wstring_val_fit(w, 1), w);
   EXPECT_EQ(std::u16string(val_wstring(w)), u"abc");

@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "bsr_cstr.h"
 #include "bsr_string.h"
@@ -30,6 +31,28 @@ TEST(LocalAllocator, BlocksAndGrownTailsAreZero) {
   bsr_free(s);
   bsr_free(w);
   EXPECT_EQ(tts_wcsdup(nullptr), nullptr);
+}
+
+// Small blocks freed and made again (the allocator may hand the same ones
+// out) come back zero-filled over their whole size, and grow correctly.
+TEST(LocalAllocator, ReusedSmallBlocksAreZero) {
+  for (uint32_t size : {1u, 16u, 17u, 40u, 64u}) {
+    std::vector<unsigned char *> blocks;
+    for (int k = 0; k < 40; ++k) {
+      auto *b = static_cast<unsigned char *>(bsr_safe_alloc(size));
+      ASSERT_NE(b, nullptr);
+      memset(b, 0xCD, size);
+      blocks.push_back(b);
+    }
+    for (unsigned char *b : blocks) bsr_free(b);
+    auto *again = static_cast<unsigned char *>(bsr_safe_alloc(size));
+    ASSERT_NE(again, nullptr);
+    for (uint32_t i = 0; i < size; ++i) ASSERT_EQ(again[i], 0) << size << " " << i;
+    memset(again, 0xEF, size);
+    again = static_cast<unsigned char *>(bsr_safe_realloc(again, 200));
+    for (uint32_t i = 0; i < 200; ++i) ASSERT_EQ(again[i], i < size ? 0xEF : 0) << size << " " << i;
+    bsr_free(again);
+  }
 }
 
 TEST(CStrTest, StringAppendsGrowExactlyCharAppendsBy64) {

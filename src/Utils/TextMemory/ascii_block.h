@@ -33,6 +33,35 @@ inline bool widen_ascii_block(const unsigned char *s, bsr_wchar *d) {
   return true;
 }
 
+// Widens the ASCII bytes at the start of the sixteen at s into d and
+// returns how many they are (kAsciiBlock when all are). Exactly that many
+// units are written, so nothing lands behind the text even where the
+// conversion stops next: a short prefix is written as two overlapping
+// stores that end where it ends.
+inline unsigned widen_ascii_prefix(const unsigned char *s, bsr_wchar *d) {
+  const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s));
+  const unsigned high = static_cast<unsigned>(_mm_movemask_epi8(v));
+  const unsigned ascii = static_cast<unsigned>(__builtin_ctz(high | 0x10000u));
+  const __m128i zero = _mm_setzero_si128();
+  if (ascii == kAsciiBlock) {
+    _mm_storeu_si128(reinterpret_cast<__m128i *>(d), _mm_unpacklo_epi8(v, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i *>(d + 8), _mm_unpackhi_epi8(v, zero));
+  } else if (ascii >= 8) {
+    const __m128i last = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(s + ascii - 8));
+    _mm_storeu_si128(reinterpret_cast<__m128i *>(d), _mm_unpacklo_epi8(v, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i *>(d + ascii - 8), _mm_unpacklo_epi8(last, zero));
+  } else if (ascii >= 4) {
+    int32_t tail;
+    std::memcpy(&tail, s + ascii - 4, sizeof tail);
+    _mm_storel_epi64(reinterpret_cast<__m128i *>(d), _mm_unpacklo_epi8(v, zero));
+    _mm_storel_epi64(reinterpret_cast<__m128i *>(d + ascii - 4),
+                     _mm_unpacklo_epi8(_mm_cvtsi32_si128(tail), zero));
+  } else {
+    for (unsigned k = 0; k < ascii; ++k) d[k] = s[k];
+  }
+  return ascii;
+}
+
 inline bool narrow_ascii_block(const bsr_wchar *s, unsigned char *d) {
   const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s));
   const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s + 8));

@@ -58,17 +58,73 @@ bsr_wchar *convert_tail(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar 
 
 #if UTILS_TEXT_SSE2
 
-// The bulk of the text, block by block: sixteen ASCII bytes at a time, or
-// whatever whole characters sixteen bytes hold. A block that the block
-// decoder refuses holds an ill-formed sequence, and convert_tail then stops
-// exactly in front of it.
+// Decodes one character of two to four bytes at s into d; false (nothing
+// written) when it is ill-formed.
+inline bool convert_character(const Byte *&s, bsr_wchar *&d) {
+  const unsigned c = s[0];
+  const unsigned len = utils::text::utf8_sequence_length(c);
+  uint32_t v;
+  if (len == 2)
+    v = utils::text::utf8_decode2(c, s[1]);
+  else if (len == 3)
+    v = utils::text::utf8_decode3(c, s[1], s[2]);
+  else if (len == 4)
+    v = utils::text::utf8_decode4(c, s[1], s[2], s[3]);
+  else
+    return false;
+  if (v == kIllFormed) return false;
+  if (v <= 0xFFFF) {
+    *d++ = static_cast<bsr_wchar>(v);
+  } else {
+    d[0] = utils::text::high_surrogate_of(v);
+    d[1] = utils::text::low_surrogate_of(v);
+    d += 2;
+  }
+  s += len;
+  return true;
+}
+
+// Characters that stand between ASCII words alone or a few together (an
+// accented letter, an emoji, a short Chinese word in English text) are
+// decoded one by one: cheaper than a block step that keeps few of its lanes.
+// Stops at ASCII, after kShortRun characters, in front of an ill-formed one,
+// or where less than one character's room is left (at most five bytes read,
+// the lead of the next one included, and two units written). Returns
+// whether the run ended in ASCII, that is, whether it was short.
+constexpr int kShortRun = 8;
+
+inline bool convert_short_run(const Byte *&s, const Byte *end, bsr_wchar *&d,
+                              const bsr_wchar *dend) {
+  for (int k = 0; k < kShortRun && end - s >= 5 && dend - d >= 2; ++k) {
+    if (!convert_character(s, d)) return false;
+    if (s[0] < 0x80) return true;
+  }
+  return false;
+}
+
+// The bulk of the text, block by block. An ASCII stretch is widened sixteen
+// bytes at a time; a block that starts with ASCII is widened whole and only
+// its ASCII part kept. Then a character that stands alone is decoded
+// directly, a run of three-byte characters pairwise, and anything denser
+// by the block decoder. A block that the block decoder refuses holds an
+// ill-formed sequence, and convert_tail then stops exactly in front of it.
 bsr_wchar *convert(const Byte *s, const Byte *end, bsr_wchar *d, bsr_wchar *dend) {
   while (fast_room(s, end, d, dend)) {
-    if (utils::text::widen_ascii_block(s, d)) {
-      s += utils::text::kAsciiBlock;
-      d += utils::text::kAsciiBlock;
-      continue;
+    if (s[0] < 0x80) {
+      const unsigned ascii = utils::text::widen_ascii_prefix(s, d);
+      // A whole block advances by a constant, which keeps the next load
+      // off the critical path of this one.
+      if (ascii == utils::text::kAsciiBlock) {
+        s += utils::text::kAsciiBlock;
+        d += utils::text::kAsciiBlock;
+        continue;
+      }
+      s += ascii;
+      d += ascii;
+      if (!fast_room(s, end, d, dend)) break;
     }
+    if (convert_short_run(s, end, d, dend)) continue;
+    if (!fast_room(s, end, d, dend)) break;
     if (utils::text::starts_three_byte_run(s) &&
         utils::text::convert_three_byte_run(s, end, d, dend))
       continue;
