@@ -1,0 +1,209 @@
+// phrase_build.cpp - the relations of one phrase ("Phrase", "PWord", "Word",
+// "Syllable", "Phone") built from a focus phrase, in the language of the
+// document or in another one, and the placeholder word that stands in for
+// a word of another language.
+//
+// Which build runs is decided per call by comparing the language asked for
+// with the document's own "xml:lang": the engine synthesises the main
+// language with the foreign words replaced, and may then run a second pass
+// in a foreign language over the same utterance, keeping only that
+// language's words. One exported entry point serves both, since the
+// document already tells them apart.
+#include "Utils/Hierarchy/hierarchy_names.h"
+#include "bsr_string.h"
+#include "prosodic_hierarchy.h"
+#include "utt_walk.h"
+
+namespace utils::hierarchy {
+
+namespace {
+
+constexpr const char *kBuiltRelations[] = {kPhrase, kPWord, kWord, kSyllable, kPhone};
+
+// Sets `name` of `to` to the value `from` has, unless there is none or the
+// two already hold the same value (shared contents).
+void copy_feature(item *to, const item *from, const char *name) {
+  const val *v = item_feat(from, name);
+  if (v == nullptr || item_feat(to, name) == v) return;
+  item_set(to, name, v);
+}
+
+int phones_of(const item *word) {
+  int n = 0;
+  for (const item *s = item_daughter(word); s != nullptr; s = item_next(s)) {
+    for (const item *p = item_daughter(s); p != nullptr; p = item_next(p)) ++n;
+  }
+  return n;
+}
+
+item *new_pause(item *at) {
+  if (at != nullptr) item_set_wstring(at, kNameFeature, kPause);
+  return at;
+}
+
+class PhraseBuilder {
+ public:
+  PhraseBuilder(utterance *u, const bsr_wchar *lang) : lang_(lang) {
+    for (int k = 0; k < 5; ++k) rel_[k] = utt_relation_create(u, kBuiltRelations[k]);
+    focus_ = val_item(feat_val(u->features, kFocusPhrase));
+  }
+
+  bool ready() const {
+    for (relation *r : rel_) {
+      if (r == nullptr) return false;
+    }
+    return true;
+  }
+
+  // Words of other languages are replaced by the placeholder; pauses frame
+  // the whole "Phone" relation.
+  void build_main() {
+    item *phrase = relation_append(rel_[kPhraseRel], focus_);
+    if (phrase == nullptr) return;
+    copy_feature(phrase, focus_, kPositionFW);
+    copy_feature(phrase, focus_, kPositionBW);
+    for (item *pw = item_daughter(focus_); pw != nullptr; pw = item_next(pw)) {
+      item *pword = item_add_daughter(phrase, relation_append(rel_[kPWordRel], pw));
+      if (pword == nullptr) return;
+      for (item *w = item_daughter(pw); w != nullptr; w = item_next(w)) {
+        item *word = item_add_daughter(pword, relation_append(rel_[kWordRel], w));
+        if (word == nullptr) return;
+        if (in_language(w)) {
+          if (!add_syllables(word, w)) return;
+        } else {
+          counter_ += phones_of(w);
+          CreateFakeWord(lang_, rel_[kSyllableRel], rel_[kPhoneRel], word);
+        }
+      }
+    }
+  }
+
+  void frame_with_pauses() {
+    new_pause(relation_prepend(rel_[kPhoneRel], nullptr));
+    new_pause(relation_append(rel_[kPhoneRel], nullptr));
+  }
+
+  // Only words of the language are kept; a foreign word ends the phrase.
+  // The prosodic word opened for the first kept word is never closed, so
+  // every later kept word joins it, in the first phrase.
+  void build_other() {
+    item *phrase = nullptr;
+    item *pword = nullptr;
+    for (item *pw = item_daughter(focus_); pw != nullptr; pw = item_next(pw)) {
+      for (item *w = item_daughter(pw); w != nullptr; w = item_next(w)) {
+        if (!in_language(w)) {
+          phrase = nullptr;
+          counter_ += phones_of(w);
+          continue;
+        }
+        if (phrase == nullptr) {
+          phrase = relation_append(rel_[kPhraseRel], nullptr);
+          if (phrase == nullptr) return;
+          copy_feature(phrase, focus_, kPositionFW);
+          copy_feature(phrase, focus_, kPositionBW);
+        }
+        if (pword == nullptr) {
+          pword = item_add_daughter(phrase, relation_append(rel_[kPWordRel], pw));
+          if (pword == nullptr) return;
+        }
+        item *word = item_add_daughter(pword, relation_append(rel_[kWordRel], w));
+        if (word == nullptr || !add_syllables(word, w)) return;
+      }
+    }
+  }
+
+  // A pause opens "Phone"; another follows the last phone of each phrase.
+  void pause_after_phrases() {
+    new_pause(relation_prepend(rel_[kPhoneRel], nullptr));
+    for (item *phrase = relation_head(rel_[kPhraseRel]); phrase != nullptr;
+         phrase = item_next(phrase)) {
+      item *last = phrase;
+      for (int level = 0; level < 4 && last != nullptr; ++level) last = item_last_daughter(last);
+      if (last == nullptr) continue;
+      if (item *phone = item_as(last, kPhone); phone != nullptr) {
+        new_pause(item_append(phone, nullptr));
+      }
+    }
+  }
+
+ private:
+  enum { kPhraseRel, kPWordRel, kWordRel, kSyllableRel, kPhoneRel };
+
+  bool in_language(item *word) const {
+    return IsHasInheritAtt(item_as(word, "ssml"), kLangFeature, lang_) == 1;
+  }
+
+  // The syllables and phones of focus word `w` under `word`, flat and in
+  // the tree, "tone" taken from "stress", "pho-pos" counted.
+  bool add_syllables(item *word, item *w) {
+    for (item *s = item_daughter(w); s != nullptr; s = item_next(s)) {
+      item *syllable = item_add_daughter(word, relation_append(rel_[kSyllableRel], s));
+      if (syllable == nullptr) return false;
+      // The contents are the SSML element's: a stress replaces its tone digit.
+      if (const val *stress = item_feat(syllable, kStressFeature); stress != nullptr) {
+        if (item_feat(syllable, kToneFeature) != stress) item_set(syllable, kToneFeature, stress);
+      }
+      for (item *p = item_daughter(s); p != nullptr; p = item_next(p)) {
+        item *flat = relation_append(rel_[kPhoneRel], p);
+        if (item_add_daughter(syllable, flat) == nullptr) return false;
+        item_set_int(flat, kPhonePosFeature, counter_++);
+      }
+    }
+    return true;
+  }
+
+  const bsr_wchar *lang_;
+  relation *rel_[5] = {};
+  item *focus_ = nullptr;
+  int counter_ = 0;
+};
+
+bool same_language(const bsr_wchar *a, const bsr_wchar *b) {
+  return a != nullptr && b != nullptr && bsr_wcscmp(a, b) == 0;
+}
+
+}  // namespace
+
+}  // namespace utils::hierarchy
+
+extern "C" {
+
+UTILS_API void PhraseCreate(utterance *u, const bsr_wchar *lang) {
+  using namespace utils::hierarchy;
+  if (u == nullptr) return;
+  const item *root = relation_head(utt_relation(u, "ssml"));
+  const bool main_language = same_language(lang, item_feat_wstring(root, kLangFeature));
+  PhraseBuilder builder(u, lang);
+  if (!builder.ready()) return;
+  if (main_language) {
+    builder.build_main();
+    builder.frame_with_pauses();
+  } else {
+    builder.build_other();
+    builder.pause_after_phrases();
+  }
+}
+
+UTILS_API void CreateFakeWord(const bsr_wchar *lang, relation *syllables, relation *phones,
+                              item *word) {
+  using namespace utils::hierarchy;
+  if (syllables == nullptr || phones == nullptr || word == nullptr) return;
+  item *syllable = relation_append(syllables, nullptr);
+  item *tree_syllable = item_add_daughter(word, syllable);
+  if (tree_syllable == nullptr) return;
+  item_set_wstring(syllable, kToneFeature, u"1");
+  item_set_wstring(syllable, kVowelFeature, u"a");
+  struct FakePhone {
+    const char16_t *name;
+    const char16_t *voiced;
+  };
+  static constexpr FakePhone kFakePhones[] = {{u"s", u"0"}, {u"a", u"1"}};
+  for (const FakePhone &f : kFakePhones) {
+    item *phone = relation_append(phones, nullptr);
+    if (item_add_daughter(tree_syllable, phone) == nullptr) return;
+    item_set_wstring(phone, kNameFeature, f.name);
+    item_set_wstring(phone, kVoicedFeature, f.voiced);
+  }
+}
+
+}  // extern "C"
