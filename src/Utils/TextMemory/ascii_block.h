@@ -73,6 +73,27 @@ inline bool narrow_ascii_block(const bsr_wchar *s, unsigned char *d) {
   return true;
 }
 
+// Narrows the first eight units, or else the first four, when they are
+// ASCII, and returns how many it narrowed (8, 4 or 0); it writes exactly
+// that many bytes.
+inline unsigned narrow_ascii_half_block(const bsr_wchar *s, unsigned char *d) {
+  const __m128i u = _mm_loadu_si128(reinterpret_cast<const __m128i *>(s));
+  const __m128i high_bits = _mm_and_si128(u, _mm_set1_epi16(static_cast<short>(0xFF80)));
+  const unsigned ascii =
+      static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi16(high_bits, _mm_setzero_si128())));
+  const __m128i bytes = _mm_packus_epi16(u, u);
+  if (ascii == 0xFFFF) {
+    _mm_storel_epi64(reinterpret_cast<__m128i *>(d), bytes);
+    return 8;
+  }
+  if ((ascii & 0xFF) == 0xFF) {
+    const int32_t four = _mm_cvtsi128_si32(bytes);
+    std::memcpy(d, &four, sizeof four);
+    return 4;
+  }
+  return 0;
+}
+
 #else  // Portable form: 64-bit words tested with one mask each.
 
 inline bool widen_ascii_block(const unsigned char *s, bsr_wchar *d) {

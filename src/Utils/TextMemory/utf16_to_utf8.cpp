@@ -89,6 +89,13 @@ Byte *convert(const bsr_wchar *s, const bsr_wchar *end, Byte *d, Byte *dend) {
       d += utils::text::kAsciiBlock;
       continue;
     }
+    // In text that mixes scripts, half or a quarter of a block is often
+    // ASCII though the whole is not.
+    if (const unsigned ascii = utils::text::narrow_ascii_half_block(s, d); ascii != 0) {
+      s += ascii;
+      d += ascii;
+      continue;
+    }
     const utils::text::Utf16BlockResult step = utils::text::encode_utf16_block(s, d);
     if (step.used == 0) break;
     s += step.used;
