@@ -59,6 +59,10 @@ demo: deps
 	cmake --build $(BUILD) -j $(JOBS) --target utts
 	@set -e; for f in examples/*.ssml; do \
 	  echo "== utts normalize $$f"; $(BUILD)/tools/utts normalize "$$f"; printf '\n\n'; done
+	@echo "== utts labels examples/mixed-language.ssml (en-US, the Chinese name replaced)"
+	@$(BUILD)/tools/utts labels examples/mixed-language.ssml
+	@echo "== utts labels -l zh-CN examples/mixed-language.ssml (only the Chinese name kept)"
+	@$(BUILD)/tools/utts labels -l zh-CN examples/mixed-language.ssml
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD)

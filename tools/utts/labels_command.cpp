@@ -1,0 +1,217 @@
+// labels_command.cpp - "utts labels": SSML whose word elements carry
+// pronunciation strings in, context labels out, one line per phone.
+#include <cstdio>
+#include <string>
+
+#include "bsr_unicode.h"
+#include "context_label.h"
+#include "prosodic_hierarchy.h"
+#include "ssml_io.h"
+#include "ssml_tags.h"
+#include "utt_walk.h"
+#include "utterance.h"
+#include "utts/command.h"
+#include "utts/file_io.h"
+#include "utts/label_fields.h"
+
+namespace utts {
+
+extern const char kContextFields[];
+extern const std::size_t kContextFieldsSize;
+
+namespace {
+
+const char kUsage[] =
+    "Usage: utts labels [-f FIELDS] [-a ATTR] [-l LANG] [-o OUTPUT] [INPUT]\n"
+    "\n"
+    "Reads the SSML document INPUT (standard input when absent or \"-\"), whose\n"
+    "word elements carry pronunciation strings in the attribute ATTR (default\n"
+    "\"ph\"): IPA symbols, syllables separated by \".\", a tone digit at the end\n"
+    "of a syllable, as in <word ph=\"ni3.hau3\">. Syllable elements with a\n"
+    "\"name\" attribute are split into phones too. A word's break=\"1\" (or more)\n"
+    "ends a prosodic word, a delay attribute ends a phrase.\n"
+    "\n"
+    "Builds the prosodic hierarchy phrase by phrase and writes to OUTPUT\n"
+    "(standard output when absent or \"-\") one context label per phone, the\n"
+    "pauses that frame each phrase included.\n"
+    "\n"
+    "Options:\n"
+    "  -f, --fields FILE  the label-field table (default: the bundled\n"
+    "                     data/context.fields); one field a line: feature path,\n"
+    "                     prefix, suffix, separated by blanks, \"\" for an empty\n"
+    "                     column, # starting a comment line\n"
+    "  -a, --attr ATTR    the attribute that holds pronunciations (default ph)\n"
+    "  -l, --lang LANG    the language to build (default: the document's\n"
+    "                     xml:lang). Words of other languages are replaced by a\n"
+    "                     placeholder when LANG is the document's language, and\n"
+    "                     left out otherwise\n"
+    "  -o, --output FILE  write the labels to FILE\n"
+    "  -h, --help         show this help\n";
+
+// Longest label written; MakeFeatureLabel refuses longer ones.
+constexpr size_t kLabelBytes = 8192;
+
+struct Options {
+  std::string fields_file, input = "-", output = "-", attr = "ph", lang;
+  bool help = false;
+};
+
+int fail(const std::string &message, int status = 1) {
+  std::fprintf(stderr, "utts: %s\n", message.c_str());
+  return status;
+}
+
+bool parse_options(int argc, char **argv, Options &options, std::string &error) {
+  bool have_input = false;
+  for (int i = 0; i < argc; ++i) {
+    const std::string arg = argv[i];
+    auto value = [&](std::string &into, const char *what) {
+      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
+        error = "option '" + arg + "' needs " + what;
+        return false;
+      }
+      into = argv[++i];
+      return true;
+    };
+    if (arg == "-h" || arg == "--help") {
+      options.help = true;
+    } else if (arg == "-f" || arg == "--fields") {
+      if (!value(options.fields_file, "a file name")) return false;
+    } else if (arg == "-a" || arg == "--attr") {
+      if (!value(options.attr, "an attribute name")) return false;
+    } else if (arg == "-l" || arg == "--lang") {
+      if (!value(options.lang, "a language tag")) return false;
+    } else if (arg == "-o" || arg == "--output") {
+      if (!value(options.output, "a file name")) return false;
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      error = "unknown option '" + arg + "' (see 'utts labels --help')";
+      return false;
+    } else if (have_input) {
+      error = "more than one input file given ('" + options.input + "', '" + arg + "')";
+      return false;
+    } else {
+      options.input = arg;
+      have_input = true;
+    }
+  }
+  return true;
+}
+
+std::u16string widen(const std::string &s) {
+  std::u16string out(s.size() + 1, u'\0');
+  bsr_UTF8ToUTF16(s.c_str(), static_cast<uint32_t>(s.size()), &out[0],
+                  static_cast<uint32_t>(out.size()));
+  return out.c_str();
+}
+
+// Gives every word its syllables and phones; false with a message when a
+// pronunciation is refused.
+bool pronounce(item *root, const std::string &attr, std::string &error) {
+  int number = 0;
+  const bsr_wchar *word_tag = WordTagName();
+  for (item *w = utt_walk_next_tag(root, root, 1, word_tag); w != nullptr;
+       w = utt_walk_next_tag(w, root, 1, word_tag)) {
+    ++number;
+    const bsr_wchar *pron = item_feat_wstring(w, attr.c_str());
+    if (pron != nullptr && CreatePhonemeWord(w, pron) < 0) {
+      error = "word " + std::to_string(number) +
+              ": pronunciation refused (a syllable holds at most " +
+              std::to_string(UTILS_PRON_SYLLABLE_MAX) + " characters, a phone at most " +
+              std::to_string(UTILS_PRON_PHONE_MAX) + ")";
+      return false;
+    }
+  }
+  if (ParseSylName(root) < 0) {
+    error = "a syllable name holds a phone of more than " +
+            std::to_string(UTILS_SYLNAME_PHONE_MAX) + " characters";
+    return false;
+  }
+  return true;
+}
+
+// Writes the labels of every phrase; false with a message on failure.
+bool write_labels(utterance *u, const std::u16string &lang, const LabelFields &fields, FILE *out,
+                  std::string &error) {
+  static char label[kLabelBytes];
+  for (item *phrase = relation_head(utt_relation(u, "focus_phrase")); phrase != nullptr;
+       phrase = item_next(phrase)) {
+    feat_set(u->features, "focus_phrase", item_val(phrase));
+    PhraseCreate(u, lang.c_str());
+    for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
+      if (MakeFeatureLabel(p, fields.names(), fields.prefixes(), fields.suffixes(), fields.count(),
+                           label, sizeof label) != 0) {
+        error = "a label is longer than " + std::to_string(kLabelBytes - 1) + " bytes";
+        return false;
+      }
+      std::fprintf(out, "%s\n", label);
+    }
+  }
+  return true;
+}
+
+int run(const Options &options) {
+  std::string error, table, input;
+  if (options.fields_file.empty()) {
+    table.assign(kContextFields, kContextFieldsSize);
+  } else if (!read_all(options.fields_file, table, error)) {
+    return fail(error);
+  }
+  LabelFields fields;
+  if (!fields.parse(table, error)) {
+    return fail((options.fields_file.empty() ? "bundled fields" : options.fields_file) + ": " +
+                error);
+  }
+  if (!read_all(options.input, input, error)) return fail(error);
+  const std::string input_name =
+      options.input == "-" ? "standard input" : "'" + options.input + "'";
+
+  utterance *u = new_utterance();
+  if (u == nullptr) return fail("out of memory");
+  struct Release {
+    utterance *u;
+    ~Release() { delete_utterance(u); }
+  } release{u};
+  if (utt_load_ssml(u, input.c_str()) != 1 || relation_head(utt_relation(u, "ssml")) == nullptr) {
+    return fail(input_name + " is not an SSML document");
+  }
+  item *root = relation_head(utt_relation(u, "ssml"));
+  if (!pronounce(root, options.attr, error)) return fail(input_name + ": " + error);
+
+  std::u16string lang = widen(options.lang);
+  if (options.lang.empty()) {
+    const bsr_wchar *own = item_feat_wstring(root, "xml:lang");
+    if (own == nullptr) return fail(input_name + " has no xml:lang: give the language with -l");
+    lang = own;
+  }
+  feat_set(u->features, "focus", item_val(root));
+  if (FocusPhraseCreate(u) != 1) {
+    return fail(input_name + ": no word carries a pronunciation in '" + options.attr + "'");
+  }
+
+  FILE *out = options.output == "-" ? stdout : std::fopen(options.output.c_str(), "wb");
+  if (out == nullptr) return fail("cannot write '" + options.output + "'");
+  const bool written = write_labels(u, lang, fields, out, error);
+  if (out != stdout && std::fclose(out) != 0 && written) {
+    return fail("cannot write '" + options.output + "'");
+  }
+  return written ? 0 : fail(error);
+}
+
+int run_labels(int argc, char **argv) {
+  Options options;
+  std::string error;
+  if (!parse_options(argc, argv, options, error)) return fail(error, 2);
+  if (options.help) {
+    std::fputs(kUsage, stdout);
+    return 0;
+  }
+  return run(options);
+}
+
+const Command kCommand = {"labels", "build the prosodic hierarchy and write context labels", kUsage,
+                          run_labels};
+const Registration kRegistration(kCommand);
+
+}  // namespace
+
+}  // namespace utts
