@@ -43,7 +43,8 @@ std::u16string expected_phones(const std::u16string &pron) {
       syllable += pron[k];
       continue;
     }
-    if (!syllable.empty() && syllable.back() >= u'0' && syllable.back() <= u'9') syllable.pop_back();
+    if (!syllable.empty() && syllable.back() >= u'0' && syllable.back() <= u'9')
+      syllable.pop_back();
     out += syllable;
     syllable.clear();
   }
