@@ -6,6 +6,7 @@
 #include <string.h>
 
 #include "Utils/Markup/item_tag.h"
+#include "Utils/Markup/mxml_safe.h"
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/wide_value.h"
 #include "Utils/Model/feature_store.h"
@@ -137,10 +138,6 @@ void build_tree(utterance *u, mxml_node_t *speak) {
   convert_content(root, speak);
 }
 
-// Parse errors are reported through the result alone. This Mini-XML copy is
-// private to the library, so silencing its messages affects nobody else.
-void quiet_parse_errors(const char *) {}
-
 bool is_root_element(mxml_node_t *node) { return kind_of(node) == NodeKind::kElement; }
 
 int count_root_elements(mxml_node_t *holder) {
@@ -160,8 +157,8 @@ int count_root_elements(mxml_node_t *holder) {
 mxml_node_t *parse_document(const char *ssml) {
   mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "#document");
   if (holder == nullptr) return nullptr;
-  mxmlSetErrorCallback(quiet_parse_errors);
-  if (mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr ||
+  mxmlSetErrorCallback(utils::markup::quiet_parse_errors);
+  if (utils::markup::load_string_safely(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr ||
       count_root_elements(holder) != 1) {
     mxmlDelete(holder);
     return nullptr;
