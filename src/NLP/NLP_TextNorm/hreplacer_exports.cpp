@@ -8,7 +8,10 @@
 
 extern "C" {
 
-UTILS_API HReplacer *HReplacer_create(void) { return new HReplacer(); }
+// Making the replacer may meet exhausted memory: null then.
+UTILS_API HReplacer *HReplacer_create(void) {
+  return utils::guarded(static_cast<HReplacer *>(nullptr), [] { return new HReplacer(); });
+}
 
 UTILS_API void HReplacer_delete(HReplacer *replacer) { delete replacer; }
 
