@@ -4,6 +4,7 @@
 #include "hconverter.h"
 
 #include "NLP/NLP_TextNorm/hconverter_class.h"
+#include "Utils/Markup/mxml_safe.h"
 #include "Utils/TextMemory/guarded.h"
 
 extern "C" {
@@ -27,7 +28,8 @@ UTILS_API void HConverter_setSayAs(HConverter *converter, SayAsFunc func) {
 // When memory runs out part way, the elements converted so far keep their
 // new form.
 UTILS_API void HConverter_convert(HConverter *converter, mxml_node_t *node) {
-  if (converter != nullptr) utils::guarded_void([&] { converter->convert(node); });
+  if (converter == nullptr || !utils::markup::prepare_mxml_copies()) return;
+  utils::guarded_void([&] { converter->convert(node); });
 }
 
 }  // extern "C"

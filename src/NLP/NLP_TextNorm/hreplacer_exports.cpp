@@ -4,6 +4,7 @@
 #include "hreplacer.h"
 
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
+#include "Utils/Markup/mxml_safe.h"
 #include "Utils/TextMemory/guarded.h"
 
 extern "C" {
@@ -24,7 +25,8 @@ UTILS_API int HReplacer_addRuleSet(HReplacer *replacer, const char *text, int le
 
 // When memory runs out part way, the rules applied so far keep their effect.
 UTILS_API void HReplacer_replace(HReplacer *replacer, mxml_node_t *node) {
-  if (replacer != nullptr) utils::guarded_void([&] { replacer->replace(node); });
+  if (replacer == nullptr || !utils::markup::prepare_mxml_copies()) return;
+  utils::guarded_void([&] { replacer->replace(node); });
 }
 
 }  // extern "C"

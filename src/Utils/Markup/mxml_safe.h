@@ -23,6 +23,21 @@ bool safe_for_mxml(const char *text);
 // refused or Mini-XML rejects it.
 mxml_node_t *load_string_safely(mxml_node_t *holder, const char *text, mxml_load_cb_t cb);
 
+// Mini-XML copies every element name, attribute and text with strdup and
+// does not check that copy: a null name is dereferenced at once. The
+// library's own strdup (which Mini-XML, linked into the library, calls)
+// hands out an empty string from a small per-thread reserve of real blocks
+// when memory runs out, and notes that it did; Mini-XML later frees it like
+// any other copy. A function that builds Mini-XML nodes refills the reserve
+// first, where running out can still be reported, and afterwards asks
+// whether a copy was lost.
+//
+// Refills the calling thread's reserve and clears its note; false when
+// memory ran out (nothing should then be handed to Mini-XML).
+bool prepare_mxml_copies();
+// Whether a copy was replaced by an empty string since prepare_mxml_copies.
+bool mxml_copy_lost();
+
 }  // namespace utils::markup
 
 #endif  // UTILS_MARKUP_MXML_SAFE_H

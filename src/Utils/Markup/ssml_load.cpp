@@ -155,11 +155,14 @@ int count_root_elements(mxml_node_t *holder) {
 // The holder also makes the parser insist that the root element is closed;
 // a second root element is rejected here. Null when the text is rejected.
 mxml_node_t *parse_document(const char *ssml) {
+  if (!utils::markup::prepare_mxml_copies()) return nullptr;
   mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "#document");
   if (holder == nullptr) return nullptr;
   mxmlSetErrorCallback(utils::markup::quiet_parse_errors);
+  // A name or text that could not be copied makes the tree unfaithful: the
+  // document is refused as when memory runs out anywhere else.
   if (utils::markup::load_string_safely(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr ||
-      count_root_elements(holder) != 1) {
+      utils::markup::mxml_copy_lost() || count_root_elements(holder) != 1) {
     mxmlDelete(holder);
     return nullptr;
   }
