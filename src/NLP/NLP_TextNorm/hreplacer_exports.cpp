@@ -4,11 +4,15 @@
 #include "hreplacer.h"
 
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
+#include "Utils/Markup/mxml_safe.h"
 #include "Utils/TextMemory/guarded.h"
 
 extern "C" {
 
-UTILS_API HReplacer *HReplacer_create(void) { return new HReplacer(); }
+// Making the replacer may meet exhausted memory: null then.
+UTILS_API HReplacer *HReplacer_create(void) {
+  return utils::guarded(static_cast<HReplacer *>(nullptr), [] { return new HReplacer(); });
+}
 
 UTILS_API void HReplacer_delete(HReplacer *replacer) { delete replacer; }
 
@@ -21,7 +25,8 @@ UTILS_API int HReplacer_addRuleSet(HReplacer *replacer, const char *text, int le
 
 // When memory runs out part way, the rules applied so far keep their effect.
 UTILS_API void HReplacer_replace(HReplacer *replacer, mxml_node_t *node) {
-  if (replacer != nullptr) utils::guarded_void([&] { replacer->replace(node); });
+  if (replacer == nullptr || !utils::markup::prepare_mxml_copies()) return;
+  utils::guarded_void([&] { replacer->replace(node); });
 }
 
 }  // extern "C"

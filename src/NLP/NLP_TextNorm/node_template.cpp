@@ -3,6 +3,8 @@
 // submatch.
 #include "NLP/NLP_TextNorm/node_template.h"
 
+#include <memory>
+
 namespace utils::textnorm {
 
 namespace {
@@ -26,8 +28,13 @@ ElementTemplate::~ElementTemplate() {
   for (NodeTemplate *child : children_) delete child;
 }
 
+// Takes the child over even when the list cannot grow: it is freed then,
+// before the exhausted-memory exception goes on to the boundary.
 void ElementTemplate::add_child(NodeTemplate *child) {
-  if (child != nullptr) children_.push_back(child);
+  if (child == nullptr) return;
+  std::unique_ptr<NodeTemplate> owned(child);
+  children_.push_back(child);
+  owned.release();
 }
 
 mxml_node_t *ElementTemplate::generate(Submatches groups) const {
@@ -46,18 +53,29 @@ TextTemplate::~TextTemplate() {
 
 bool TextTemplate::append_literal(char c) {
   if (open_literal_ == nullptr) {
+    // The slot first: a piece never exists outside the list that frees it.
+    // Pieces come from the local allocator, whose new gives null when
+    // memory runs out.
+    pieces_.push_back(nullptr);
     open_literal_ = new LiteralPiece(std::string());
-    if (open_literal_ == nullptr) return false;
-    pieces_.push_back(open_literal_);
+    if (open_literal_ == nullptr) {
+      pieces_.pop_back();
+      return false;
+    }
+    pieces_.back() = open_literal_;
   }
   open_literal_->append(c);
   return true;
 }
 
 bool TextTemplate::append_group(int group) {
+  pieces_.push_back(nullptr);
   TextPiece *piece = new GroupPiece(group);
-  if (piece == nullptr) return false;
-  pieces_.push_back(piece);
+  if (piece == nullptr) {
+    pieces_.pop_back();
+    return false;
+  }
+  pieces_.back() = piece;
   open_literal_ = nullptr;
   return true;
 }

@@ -57,9 +57,10 @@ void insert_text(mxml_node_t *anchor, const re2::StringPiece &text, size_t from,
 // text it replaces in "src". Nothing is linked when the template made nothing.
 void insert_element(const ReplaceRule &rule, mxml_node_t *anchor, const re2::StringPiece &text,
                     const Cut &cut, const std::vector<re2::StringPiece> &groups) {
+  // The copy first: it may throw, and the element must not exist unlinked then.
+  const std::string src(text.data() + cut.start, cut.end - cut.start);
   mxml_node_t *made = rule.rewrite->generate(groups.data());
   if (made == nullptr) return;
-  std::string src(text.data() + cut.start, cut.end - cut.start);
   mxmlElementSetAttr(made, "src", src.c_str());
   mxmlAdd(mxmlGetParent(anchor), MXML_ADD_BEFORE, anchor, made);
 }

@@ -5,6 +5,7 @@ target_sources(UtilsObjects PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/between_mark.cpp
   ${CMAKE_CURRENT_LIST_DIR}/inherited_att.cpp
   ${CMAKE_CURRENT_LIST_DIR}/move_tree.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/mxml_safe.cpp
   ${CMAKE_CURRENT_LIST_DIR}/scratch_text.cpp
   ${CMAKE_CURRENT_LIST_DIR}/wide_value.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ssml_load.cpp

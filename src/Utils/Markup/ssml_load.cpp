@@ -6,6 +6,7 @@
 #include <string.h>
 
 #include "Utils/Markup/item_tag.h"
+#include "Utils/Markup/mxml_safe.h"
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/wide_value.h"
 #include "Utils/Model/feature_store.h"
@@ -137,10 +138,6 @@ void build_tree(utterance *u, mxml_node_t *speak) {
   convert_content(root, speak);
 }
 
-// Parse errors are reported through the result alone. This Mini-XML copy is
-// private to the library, so silencing its messages affects nobody else.
-void quiet_parse_errors(const char *) {}
-
 bool is_root_element(mxml_node_t *node) { return kind_of(node) == NodeKind::kElement; }
 
 int count_root_elements(mxml_node_t *holder) {
@@ -158,11 +155,14 @@ int count_root_elements(mxml_node_t *holder) {
 // The holder also makes the parser insist that the root element is closed;
 // a second root element is rejected here. Null when the text is rejected.
 mxml_node_t *parse_document(const char *ssml) {
+  if (!utils::markup::prepare_mxml_copies()) return nullptr;
   mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "#document");
   if (holder == nullptr) return nullptr;
-  mxmlSetErrorCallback(quiet_parse_errors);
-  if (mxmlLoadString(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr ||
-      count_root_elements(holder) != 1) {
+  mxmlSetErrorCallback(utils::markup::quiet_parse_errors);
+  // A name or text that could not be copied makes the tree unfaithful: the
+  // document is refused as when memory runs out anywhere else.
+  if (utils::markup::load_string_safely(holder, ssml, MXML_OPAQUE_CALLBACK) == nullptr ||
+      utils::markup::mxml_copy_lost() || count_root_elements(holder) != 1) {
     mxmlDelete(holder);
     return nullptr;
   }

@@ -4,6 +4,7 @@
 
 #include <mxml.h>
 #include "Utils/Markup/item_tag.h"
+#include "Utils/Markup/mxml_safe.h"
 #include "Utils/Markup/scratch_text.h"
 #include "Utils/Markup/ssml_names.h"
 #include "Utils/Markup/tree_visit.h"
@@ -68,13 +69,20 @@ class XmlBuilder {
 
 }  // namespace
 
+// A tree in which a name, attribute or text could not be copied is not the
+// utterance's: it is deleted and the result is null, as for any exhausted
+// memory.
 extern "C" UTILS_API mxml_node_t *utt_to_xml(utterance *u) {
-  if (u == nullptr) return nullptr;
+  if (u == nullptr || !utils::markup::prepare_mxml_copies()) return nullptr;
   mxml_node_t *document = mxmlNewXML("1.0");
   if (document == nullptr) return nullptr;
   if (item *root = relation_head(utt_relation(u, kRelationName)); root != nullptr) {
     XmlBuilder builder(document);
     visit_tree(root, false, builder);
+  }
+  if (utils::markup::mxml_copy_lost()) {
+    mxmlDelete(document);
+    return nullptr;
   }
   return document;
 }

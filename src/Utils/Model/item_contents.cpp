@@ -33,14 +33,20 @@ namespace utils::model {
 
 bool attach_contents(item *i, const item *shared) {
   item_contents *c = shared != nullptr ? shared->contents : nullptr;
-  if (c == nullptr) c = new_contents(heap_of(i->relation));
+  const bool made = c == nullptr;
+  if (made) c = new_contents(heap_of(i->relation));
   if (c == nullptr) return false;
   if (i->contents == c) return true;
+  // An entry already naming an item of this relation is replaced: the entry
+  // names the newest item attached. Contents must name every item that
+  // holds them, or they would be freed under one that still does: without
+  // the entry the item is not attached at all.
+  if (!adopt_value(c->relations, i->relation->name, item_val(i))) {
+    if (made) free_contents(heap_of(i->relation), c);
+    return false;
+  }
   detach_contents(i);
   i->contents = c;
-  // An entry already naming an item of this relation is replaced: the entry
-  // names the newest item attached.
-  adopt_value(c->relations, i->relation->name, item_val(i));
   return true;
 }
 

@@ -1,6 +1,7 @@
 // local_alloc.cpp - the local allocator: zero-filled blocks whose size is
 // remembered in a small header, so that growing a block can zero exactly its
 // new tail.
+#include "Utils/TextMemory/block_cache.h"
 #include "bsr_string.h"
 
 #include <pthread.h>
@@ -132,6 +133,16 @@ void free_block(void *ptr) {
 }
 
 }  // namespace
+
+namespace utils::text {
+
+void release_block_cache() {
+#if UTILS_BLOCK_CACHE
+  release_cache(nullptr);
+#endif
+}
+
+}  // namespace utils::text
 
 extern "C" {
 
