@@ -5,12 +5,13 @@ BUILD      ?= build
 ASAN_BUILD ?= build-asan
 BENCH_BUILD?= build-bench
 FUZZ_BUILD ?= build-fuzz
+ARMHF_BUILD?= build-armhf
 FUZZ_SECONDS ?= 60
 FUZZ_RUNS  ?=
 JOBS       ?= $(shell nproc)
 CMAKE_GEN  := -G Ninja
 
-.PHONY: all deps check-style test test-plain test-asan test-valgrind bench fuzz demo clean
+.PHONY: all deps deps-armhf check-style test test-plain test-asan test-valgrind test-armhf bench fuzz demo clean
 
 all: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo
@@ -38,6 +39,16 @@ test-asan: deps
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
+
+# The whole suite cross-built for 32-bit ARM and run under qemu-arm.
+deps-armhf: deps
+	@./scripts/install-deps.sh --armhf
+
+test-armhf: deps-armhf
+	cmake -S . -B $(ARMHF_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DCMAKE_TOOLCHAIN_FILE=cmake/armhf-toolchain.cmake
+	cmake --build $(ARMHF_BUILD) -j $(JOBS)
+	ctest --test-dir $(ARMHF_BUILD) --output-on-failure -j $(JOBS)
 
 bench: deps
 	cmake -S . -B $(BENCH_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release -DUTILS_BENCH=ON -DUTILS_TESTS=OFF
@@ -69,4 +80,4 @@ demo: deps
 	@$(BUILD)/tools/utts labels -l zh-CN examples/mixed-language.ssml
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(ARMHF_BUILD)

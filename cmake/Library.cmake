@@ -56,8 +56,15 @@ foreach(subsystem IN LISTS UTILS_SUBSYSTEMS)
 endforeach()
 
 add_library(Utils SHARED $<TARGET_OBJECTS:UtilsObjects>)
-target_include_directories(Utils PUBLIC ${CMAKE_SOURCE_DIR}/include)
-set_target_properties(Utils PROPERTIES LINK_DEPENDS ${CMAKE_BINARY_DIR}/libUtils.map)
+add_library(Utils::Utils ALIAS Utils)
+target_include_directories(Utils PUBLIC
+  $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/utils>)
+# libUtils.so.1: the major version changes only when the interface does.
+set_target_properties(Utils PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  LINK_DEPENDS ${CMAKE_BINARY_DIR}/libUtils.map)
 target_link_options(Utils PRIVATE -Wl,--version-script=${CMAKE_BINARY_DIR}/libUtils.map)
 # Every symbol the library needs must resolve at link time; clang's fuzzing
 # runtime, though, is linked into the harness, not into shared libraries.

@@ -4,7 +4,7 @@
 set -euo pipefail
 
 PACKAGES=(
-  cmake ninja-build g++ make binutils python3
+  cmake ninja-build g++ make binutils python3 pkgconf valgrind
   clang-format
   clang lld libclang-rt-14-dev
   libgtest-dev libbenchmark-dev
@@ -12,14 +12,27 @@ PACKAGES=(
   libicu-dev liblapack-dev libestools-dev libxml2-dev
 )
 
+# --armhf: the cross compilers, qemu-arm and the armhf builds of the
+# libraries the library and its tests link (Debian multiarch), for
+# make test-armhf.
+ARMHF=0
+if [ "${1:-}" = "--armhf" ]; then
+  ARMHF=1
+  PACKAGES=(g++-arm-linux-gnueabihf qemu-user libre2-dev:armhf libmxml-dev:armhf libgtest-dev:armhf)
+fi
+
+SUDO=""
+[ "$(id -u)" -ne 0 ] && SUDO="sudo"
+if [ $ARMHF -eq 1 ] && ! dpkg --print-foreign-architectures | grep -qx armhf; then
+  $SUDO dpkg --add-architecture armhf
+fi
+
 missing=()
 for p in "${PACKAGES[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
 done
 [ ${#missing[@]} -eq 0 ] && exit 0
 
-SUDO=""
-[ "$(id -u)" -ne 0 ] && SUDO="sudo"
 export DEBIAN_FRONTEND=noninteractive
 $SUDO apt-get update -qq
 $SUDO apt-get install -y -qq "${missing[@]}"

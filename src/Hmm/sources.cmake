@@ -20,7 +20,7 @@ set(UTILS_DSP_TABLE_DATA ${CMAKE_BINARY_DIR}/generated/Hmm/dsp_table_data.cpp)
 add_custom_command(
   OUTPUT ${UTILS_DSP_TABLE_DATA}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/generated/Hmm
-  COMMAND make_dsp_tables ${UTILS_DSP_TABLE_DATA}
+  COMMAND ${UTILS_RUN} $<TARGET_FILE:make_dsp_tables> ${UTILS_DSP_TABLE_DATA}
   DEPENDS make_dsp_tables
   COMMENT "Generating the DSP lookup tables"
   VERBATIM)

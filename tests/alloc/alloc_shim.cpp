@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 extern "C" {
 void *__libc_malloc(size_t size);
@@ -48,13 +49,18 @@ bool inside_re2() {
   return false;
 }
 
+// Who asks: RE2 allocates only through operator new, so only those calls
+// are looked at. (The check is also made only there because on 32-bit ARM
+// glibc's backtrace cannot unwind out of malloc, but can out of operator new.)
+enum Caller { kCFunction, kOperatorNew };
+
 // Counts an allocation call; true when this one must fail.
-bool must_fail() {
+bool must_fail(Caller caller = kCFunction) {
   if (!g_armed || g_inside) return false;
   ++g_calls;
   if (g_calls != g_fail_at) return false;
   g_inside = true;
-  const bool spared = inside_re2();
+  const bool spared = caller == kOperatorNew && inside_re2();
   g_inside = false;
   if (spared) {
     ++g_spared;
@@ -142,3 +148,29 @@ void free(void *ptr) {
 }
 
 }  // extern "C"
+
+// operator new is replaced as well, so that an allocation of C++ code is
+// counted and failed where it is made: it throws std::bad_alloc as the
+// standard one does, and the library's boundaries must catch it.
+void *operator new(size_t size) {
+  if (must_fail(kOperatorNew)) throw std::bad_alloc();
+  void *p = counted(__libc_malloc(size == 0 ? 1 : size));
+  if (p == nullptr) throw std::bad_alloc();
+  return p;
+}
+
+void *operator new[](size_t size) { return operator new(size); }
+
+void *operator new(size_t size, const std::nothrow_t &) noexcept {
+  if (must_fail(kOperatorNew)) return nullptr;
+  return counted(__libc_malloc(size == 0 ? 1 : size));
+}
+
+void *operator new[](size_t size, const std::nothrow_t &tag) noexcept {
+  return operator new(size, tag);
+}
+
+void operator delete(void *p) noexcept { free(p); }
+void operator delete[](void *p) noexcept { free(p); }
+void operator delete(void *p, size_t) noexcept { free(p); }
+void operator delete[](void *p, size_t) noexcept { free(p); }

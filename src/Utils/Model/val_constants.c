@@ -32,15 +32,25 @@ __attribute__((visibility("hidden"), aligned(16))) const val utils_val_int_atoms
     UTILS_INT_ATOM(56), UTILS_INT_ATOM(57), UTILS_INT_ATOM(58), UTILS_INT_ATOM(59),
     UTILS_INT_ATOM(60)};
 
-// val_int_<n> = utils_val_int_atoms + 16 * n, a 16-byte object of its own.
-// clang-format off
-#define UTILS_EXPORT_INT_ATOM(n)                           \
-  __asm__(".globl val_int_" #n "\n"                        \
-          ".type val_int_" #n ", @object\n"                \
-          ".size val_int_" #n ", 16\n"                     \
-          ".set val_int_" #n ", utils_val_int_atoms + 16 * " #n "\n");
-// clang-format on
+// A cell is two machine words: 16 bytes on 64-bit targets, 8 on 32-bit ARM.
+// The assembler needs the size as a literal.
+#if UINTPTR_MAX > 0xFFFFFFFFu
+#define UTILS_VAL_BYTES "16"
 _Static_assert(sizeof(val) == 16, "a value cell is two 64-bit words");
+#else
+#define UTILS_VAL_BYTES "8"
+_Static_assert(sizeof(val) == 8, "a value cell is two 32-bit words");
+#endif
+
+// val_int_<n> = utils_val_int_atoms + n cells, an object of its own. The
+// type is written "%object": "@" starts a comment in ARM assembly.
+// clang-format off
+#define UTILS_EXPORT_INT_ATOM(n)                                        \
+  __asm__(".globl val_int_" #n "\n"                                     \
+          ".type val_int_" #n ", %object\n"                             \
+          ".size val_int_" #n ", " UTILS_VAL_BYTES "\n"                 \
+          ".set val_int_" #n ", utils_val_int_atoms + " UTILS_VAL_BYTES " * " #n "\n");
+// clang-format on
 
 UTILS_EXPORT_INT_ATOM(0)
 UTILS_EXPORT_INT_ATOM(1)
