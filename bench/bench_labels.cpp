@@ -152,8 +152,7 @@ void labels(benchmark::State &state) {
   for (auto _ : state) {
     const uint64_t before = g_allocations;
     for (item *p : phones) {
-      MakeFeatureLabel(p, kNames, tables.prefixes.data(), tables.suffixes.data(), kFields, label,
-                       sizeof label);
+      MakeFeatureLabel(p, kNames, tables.prefixes.data(), tables.suffixes.data(), kFields, label);
       benchmark::DoNotOptimize(label[0]);
     }
     allocations += g_allocations - before;

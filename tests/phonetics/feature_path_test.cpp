@@ -115,8 +115,18 @@ TEST(FeaturePath, BadInput) {
   EXPECT_EQ(feature(t.phone(0), "colour"), "0");
   const std::string long_name(300, 'a');
   EXPECT_EQ(feature(t.phone(0), ("parent." + long_name).c_str()), "0");
+  EXPECT_EQ(feature(t.phone(0), ("parent." + long_name + ".name").c_str()), "0");
   EXPECT_EQ(feature(t.phone(0), ("R:" + long_name + ".name").c_str()), "x");
   EXPECT_NE(GetFeature(t.phone(0), "colour"), nullptr);
+}
+
+// A long feature name at the end of a path is read like any other.
+TEST(FeaturePath, LongNameAtTheEnd) {
+  Tree t(Shape{{1}});
+  const std::string long_name(300, 'a');
+  item_set_wstring(item_parent(t.phone(0)), long_name.c_str(), u"long");
+  EXPECT_EQ(feature(t.phone(0), ("parent." + long_name).c_str()), "long");
+  EXPECT_EQ(feature(t.phone(0), ("parent.." + long_name).c_str()), "long");
 }
 
 }  // namespace
