@@ -39,6 +39,15 @@ TEST(FeaturePath, StepsFromAPhone) {
       {"unknown feature after a step", "parent.colour", "0"},
       {"built-in after a step", "parent.PositionFW", "2"},
       {"built-in two levels up", "parent.parent.PositionBW", "2"},
+      // Steps of the general path walker that are not steps here: the
+      // segment is a feature name, and nothing answers it.
+      {"nn is a name", "nn.name", "0"},
+      {"pp is a name", "pp.name", "0"},
+      {"daughter1 is a name", "parent.daughter1.name", "0"},
+      {"daughtern is a name", "parent.daughtern.name", "0"},
+      {"R and the relation as two segments", "R.Phrase.name", "0"},
+      {"colon is no separator", "parent:name", "0"},
+      {"a move without a dot is a name", "R:Phrase", "0"},
   };
   for (const PathCase &c : kCases) EXPECT_EQ(feature(p3, c.path), c.value) << c.what;
 }

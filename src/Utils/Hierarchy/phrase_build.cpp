@@ -166,10 +166,15 @@ class PhraseBuilder {
         if (item_feat(syllable, kToneFeature) != stress) return false;
       }
       for (item *p = item_daughter(s); p != nullptr; p = item_next(p)) {
-        item *phone = place(rel_[kPhoneRel], p, syllable);
+        item *flat = nullptr;
+        item *phone = place(rel_[kPhoneRel], p, syllable, &flat);
         if (phone == nullptr) return false;
         item_set_int(phone, kPhonePosFeature, counter_++);
-        if (!item_feat_present(phone, kPhonePosFeature)) return false;
+        if (!item_feat_present(phone, kPhonePosFeature)) {
+          delete_item(flat);
+          delete_item(phone);
+          return false;
+        }
       }
     }
     return true;
