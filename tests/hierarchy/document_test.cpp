@@ -172,6 +172,20 @@ TEST(LongPhrase, PlacesPastSixty) {
   }
 }
 
+// The focus may be any element: only the words below it are grouped.
+TEST_F(Paragraph, FocusOnTheSecondSentence) {
+  item *root = doc_.root_item();
+  item *second = utt_walk_next_tag(root, root, 1, u"s");
+  second = utt_walk_next_tag(second, root, 0, u"s");
+  ASSERT_NE(second, nullptr);
+  feat_set(doc_.utt()->features, "focus", item_val(second));
+  ASSERT_EQ(FocusPhraseCreate(doc_.utt()), 1);
+  EXPECT_EQ(count(relation_head(utt_relation(doc_.utt(), "focus_phrase"))), 1);
+  doc_.build(0, u"en-US");
+  EXPECT_EQ(phones(), "pau j \u025B s pau");
+  EXPECT_EQ(positions(), "<none> 0 1 2 <none>");
+}
+
 TEST(PhraseCreate, NullLanguageMatchesADocumentWithoutOne) {
   // Both sides missing compare equal: the main build runs, and as no word
   // carries a language, every word is stood in for.
