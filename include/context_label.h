@@ -45,17 +45,22 @@ UTILS_API ffunc GetFeatFunc(const char *name);
  * for a null or unknown path. Never null. */
 UTILS_API const val *GetFeature(const item *i, const char *path);
 
-/* Writes into `out` (room for `out_size` bytes) the label of `i`: for each
- * of the `count` fields, prefixes[j], the value, suffixes[j]. The value is
- * "0" when names[j] is "0" (nothing is evaluated), else GetFeature(i,
- * names[j]) printed: an integer in decimal, a wide string as UTF-8 (at most
- * 127 bytes), anything else as nothing. A null prefix or suffix is empty;
- * a null name prints "0".
- * Returns 0 when the whole label fits; -1 when it does not (out then holds
- * the first out_size - 1 bytes, terminated) or when out is null or out_size
- * is 0, or count is negative, or a table is null while count is not 0. */
+/* The longest value a label field prints, in bytes: a wide string is
+ * written as at most this much UTF-8, an integer takes at most 11. */
+#define UTILS_LABEL_VALUE_MAX 127
+
+/* Writes into `out` the NUL-terminated label of `i`: for each of the `count`
+ * fields, prefixes[j], the value, suffixes[j], with nothing in between. The
+ * value is "0" when names[j] is "0" (nothing is evaluated), else
+ * GetFeature(i, names[j]) printed: an integer in decimal, a wide string as
+ * UTF-8 (at most UTILS_LABEL_VALUE_MAX bytes), anything else as nothing. A
+ * null prefix or suffix is empty; a null name prints "0".
+ * The buffer is the caller's to size: the lengths of all prefixes and
+ * suffixes, plus UTILS_LABEL_VALUE_MAX bytes a field, plus 1 always suffice.
+ * Returns 0. A null `out` is left alone; a null table or a count below 1
+ * writes the empty label. */
 UTILS_API int MakeFeatureLabel(const item *i, const char *const *names, const char *const *prefixes,
-                               const char *const *suffixes, int count, char *out, size_t out_size);
+                               const char *const *suffixes, int count, char *out);
 
 UTILS_END_DECLS
 

@@ -68,13 +68,18 @@ UTILS_API int FocusPhraseCreate(utterance *u);
  * the second build, the first kept word's prosodic word holds every later
  * kept word, so phrases opened after a foreign word stay empty. Phones get
  * "pho-pos", their index among all real phones of the focus text; syllables
- * with "stress" get it as "tone". */
+ * with "stress" get it as "tone". Languages compare as wide strings do
+ * (bsr_wcscmp): a null `lang` matches a root without "xml:lang".
+ * Nothing is reported: when memory runs out, the relations hold the phrase
+ * as far as it was built, every "Phone" item named and every real phone
+ * in the tree with its "pho-pos". */
 UTILS_API void PhraseCreate(utterance *u, const bsr_wchar *lang);
 
 /* Adds the placeholder for a word of another language under `word` (a word
  * of the "Phrase" tree): one syllable (appended to `syllables`; "tone" "1",
  * "vowel" "a") with the phones "s" ("voiced" "0") and "a" ("voiced" "1")
- * appended to `phones`. `lang` is not used. */
+ * appended to `phones`. `lang` is not used. When memory runs out, nothing
+ * of the placeholder is left behind. */
 UTILS_API void CreateFakeWord(const bsr_wchar *lang, relation *syllables, relation *phones,
                               item *word);
 

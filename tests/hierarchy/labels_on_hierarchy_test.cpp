@@ -32,7 +32,7 @@ std::vector<std::string> labels(const utterance *u) {
   std::vector<std::string> out;
   for (const item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
     char label[512];
-    EXPECT_EQ(MakeFeatureLabel(p, kNames, kPrefixes, kSuffixes, kCount, label, sizeof label), 0);
+    EXPECT_EQ(MakeFeatureLabel(p, kNames, kPrefixes, kSuffixes, kCount, label), 0);
     out.push_back(label);
   }
   return out;

@@ -3,6 +3,8 @@
 // levels up, counts, the cap at 60, missing ancestors, and the path rules.
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "phonetics/hierarchy_builder.h"
 
 namespace {
@@ -119,6 +121,20 @@ TEST(FeatFunc, NamesAndAliases) {
   EXPECT_EQ(GetFeatFunc("NumGrandDaughter"), GetFeatFunc("NumDaughter2"));
   EXPECT_NE(GetFeatFunc("PositionFW2"), GetFeatFunc("PositionBW2"));
   EXPECT_NE(GetFeatFunc("NumDaughter3"), GetFeatFunc("NumDaughter4"));
+  // Twenty-one names, twelve functions: each alias is its numbered form.
+  std::set<ffunc> distinct;
+  for (const char *name : kNames) distinct.insert(GetFeatFunc(name));
+  EXPECT_EQ(distinct.size(), 12u);
+  const char *const kAliases[][2] = {{"PositionFW", "PositionFW1"},
+                                     {"PositionGrandFW", "PositionFW2"},
+                                     {"PositionGreatGrandFW", "PositionFW3"},
+                                     {"PositionBW", "PositionBW1"},
+                                     {"PositionGrandBW", "PositionBW2"},
+                                     {"PositionGreatGrandBW", "PositionBW3"},
+                                     {"NumDaughter", "NumDaughter1"},
+                                     {"NumGrandDaughter", "NumDaughter2"},
+                                     {"NumGreatGrandDaughter", "NumDaughter3"}};
+  for (const auto &a : kAliases) EXPECT_EQ(GetFeatFunc(a[0]), GetFeatFunc(a[1])) << a[0];
 }
 
 TEST(FeatFunc, UnknownNames) {

@@ -39,6 +39,15 @@ TEST(FeaturePath, StepsFromAPhone) {
       {"unknown feature after a step", "parent.colour", "0"},
       {"built-in after a step", "parent.PositionFW", "2"},
       {"built-in two levels up", "parent.parent.PositionBW", "2"},
+      // Steps of the general path walker that are not steps here: the
+      // segment is a feature name, and nothing answers it.
+      {"nn is a name", "nn.name", "0"},
+      {"pp is a name", "pp.name", "0"},
+      {"daughter1 is a name", "parent.daughter1.name", "0"},
+      {"daughtern is a name", "parent.daughtern.name", "0"},
+      {"R and the relation as two segments", "R.Phrase.name", "0"},
+      {"colon is no separator", "parent:name", "0"},
+      {"a move without a dot is a name", "R:Phrase", "0"},
   };
   for (const PathCase &c : kCases) EXPECT_EQ(feature(p3, c.path), c.value) << c.what;
 }
@@ -115,8 +124,18 @@ TEST(FeaturePath, BadInput) {
   EXPECT_EQ(feature(t.phone(0), "colour"), "0");
   const std::string long_name(300, 'a');
   EXPECT_EQ(feature(t.phone(0), ("parent." + long_name).c_str()), "0");
+  EXPECT_EQ(feature(t.phone(0), ("parent." + long_name + ".name").c_str()), "0");
   EXPECT_EQ(feature(t.phone(0), ("R:" + long_name + ".name").c_str()), "x");
   EXPECT_NE(GetFeature(t.phone(0), "colour"), nullptr);
+}
+
+// A long feature name at the end of a path is read like any other.
+TEST(FeaturePath, LongNameAtTheEnd) {
+  Tree t(Shape{{1}});
+  const std::string long_name(300, 'a');
+  item_set_wstring(item_parent(t.phone(0)), long_name.c_str(), u"long");
+  EXPECT_EQ(feature(t.phone(0), ("parent." + long_name).c_str()), "long");
+  EXPECT_EQ(feature(t.phone(0), ("parent.." + long_name).c_str()), "long");
 }
 
 }  // namespace

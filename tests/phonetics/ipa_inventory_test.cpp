@@ -179,10 +179,17 @@ TEST(IpaInventory, EveryRowAgreesWithThePhoneticName) {
 
 TEST(IpaInventory, RowRecordHasTheFourteenByteLayout) {
   EXPECT_EQ(sizeof(IPAPhonemeFeat), 14u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, CodePoint), 0u);
   EXPECT_EQ(offsetof(IPAPhonemeFeat, Class), 2u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Height), 3u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Backness), 4u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Rounding), 5u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Manner), 6u);
   EXPECT_EQ(offsetof(IPAPhonemeFeat, Reserved), 7u);
   EXPECT_EQ(offsetof(IPAPhonemeFeat, Place), 8u);
   EXPECT_EQ(offsetof(IPAPhonemeFeat, Voicing), 10u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Nasality), 11u);
+  EXPECT_EQ(offsetof(IPAPhonemeFeat, Laterality), 12u);
   EXPECT_EQ(offsetof(IPAPhonemeFeat, Airstream), 13u);
 }
 
@@ -192,6 +199,60 @@ TEST(IpaInventory, OnlyTheNamedSymbolsAndSilenceHaveRows) {
   for (uint32_t c = 0; c <= 0x10000; ++c) {
     const bool expected = named.count(c) != 0 || c == 0x23;
     ASSERT_EQ(IsIPAPhoneme(c), expected ? 1 : 0) << std::hex << c;
+  }
+}
+
+// Every predicate and getter over the whole 16-bit range, answered from the
+// phonetic names: a symbol outside the table answers 0 everywhere, silence
+// answers only the two questions about silence.
+TEST(IpaInventory, EveryPredicateAgreesWithThePhoneticNames) {
+  std::map<uint32_t, Fields> rows;
+  for (const Named &n : kNamed) rows[n.code] = fields_of(n.name);
+  using Question = int (*)(uint32_t);
+  struct Asked {
+    const char *what;
+    Question ask;
+    int (*expect)(const Fields &);
+  };
+  const Asked kAsked[] = {
+      {"vowel", IsIPAVowel, [](const Fields &f) { return int{f.klass == 1}; }},
+      {"consonant", IsIPAConsonant, [](const Fields &f) { return int{f.klass == 2}; }},
+      {"height", IPAVowelHeight, [](const Fields &f) { return f.height; }},
+      {"backness", IPAVowelBackness, [](const Fields &f) { return f.backness; }},
+      {"rounding", IPAVowelRoundedness, [](const Fields &f) { return f.rounding; }},
+      {"close", IsIPAVowelClose, [](const Fields &f) { return int{f.height == 1}; }},
+      {"near-close", IsIPAVowelNearClose, [](const Fields &f) { return int{f.height == 2}; }},
+      {"close-mid", IsIPAVowelCloseMid, [](const Fields &f) { return int{f.height == 3}; }},
+      {"mid", IsIPAVowelMid, [](const Fields &f) { return int{f.height == 4}; }},
+      {"open-mid", IsIPAVowelOpenMid, [](const Fields &f) { return int{f.height == 5}; }},
+      {"near-open", IsIPAVowelNearOpen, [](const Fields &f) { return int{f.height == 6}; }},
+      {"open", IsIPAVowelOpen, [](const Fields &f) { return int{f.height == 7}; }},
+      {"nasal", IsIPANasal, [](const Fields &f) { return int{f.manner == 1 && f.nasality == 2}; }},
+      {"plosive", IsIPAPlosive,
+       [](const Fields &f) { return int{f.manner == 1 && f.nasality != 2}; }},
+      {"fricative", IsIPAFricative, [](const Fields &f) { return int{f.manner == 2}; }},
+      {"approximant", IsIPAApproximant, [](const Fields &f) { return int{f.manner == 3}; }},
+      {"trill", IsIPATrill, [](const Fields &f) { return int{f.manner == 4}; }},
+      {"tap", IsIPATapOrFlap, [](const Fields &f) { return int{f.manner == 5}; }},
+      {"affricate", IsIPAAffricate, [](const Fields &f) { return int{f.manner == 7}; }},
+      {"lateral", IsIPALateral, [](const Fields &f) { return int{f.laterality == 2}; }},
+      {"silence", IsIPASilence, [](const Fields &) { return 0; }},
+  };
+  for (uint32_t c = 0; c <= 0x10000; ++c) {
+    const auto row = rows.find(c);
+    for (const Asked &a : kAsked) {
+      int expected = row != rows.end() ? a.expect(row->second) : 0;
+      if (c == 0x23 && a.ask == IsIPASilence) expected = 1;
+      ASSERT_EQ(a.ask(c), expected) << a.what << " of " << std::hex << c;
+    }
+    if (c == 0 || c > 0xFFFF) continue;
+    // The one-symbol strings: voiced when a vowel or Voicing 1, a
+    // syllable when a vowel.
+    const char16_t alone[2] = {static_cast<char16_t>(c), 0};
+    const bool vowel = row != rows.end() && row->second.klass == 1;
+    const bool voiced = vowel || (row != rows.end() && row->second.voicing == 1);
+    ASSERT_EQ(IsIPAVoiced(alone), voiced ? 1 : 0) << std::hex << c;
+    ASSERT_EQ(IsIPASyllable(alone), vowel ? 1 : 0) << std::hex << c;
   }
 }
 

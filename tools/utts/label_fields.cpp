@@ -3,6 +3,8 @@
 
 #include <sstream>
 
+#include "context_label.h"
+
 namespace utts {
 
 namespace {
@@ -59,6 +61,14 @@ bool LabelFields::parse(const std::string &text, std::string &error) {
     suffix_ptrs_.push_back(suffixes_[k].c_str());
   }
   return true;
+}
+
+size_t LabelFields::label_bytes() const {
+  size_t bytes = 1;
+  for (size_t k = 0; k < names_.size(); ++k) {
+    bytes += prefixes_[k].size() + suffixes_[k].size() + UTILS_LABEL_VALUE_MAX;
+  }
+  return bytes;
 }
 
 }  // namespace utts

@@ -4,6 +4,7 @@
 #ifndef UTILS_UTTS_LABEL_FIELDS_H
 #define UTILS_UTTS_LABEL_FIELDS_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ class LabelFields {
   bool parse(const std::string &text, std::string &error);
 
   int count() const { return static_cast<int>(names_.size()); }
+  // Bytes that any label of this table fits in: every prefix and suffix,
+  // the longest value for each field, the terminator.
+  size_t label_bytes() const;
   const char *const *names() const { return name_ptrs_.data(); }
   const char *const *prefixes() const { return prefix_ptrs_.data(); }
   const char *const *suffixes() const { return suffix_ptrs_.data(); }

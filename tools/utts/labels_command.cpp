@@ -48,9 +48,6 @@ const char kUsage[] =
     "  -o, --output FILE  write the labels to FILE\n"
     "  -h, --help         show this help\n";
 
-// Longest label written; MakeFeatureLabel refuses longer ones.
-constexpr size_t kLabelBytes = 8192;
-
 struct Options {
   std::string fields_file, input = "-", output = "-", attr = "ph", lang;
   bool help = false;
@@ -132,19 +129,20 @@ bool pronounce(item *root, const std::string &attr, std::string &error) {
 // Writes the labels of every phrase; false with a message on failure.
 bool write_labels(utterance *u, const std::u16string &lang, const LabelFields &fields, FILE *out,
                   std::string &error) {
-  static char label[kLabelBytes];
+  std::string label(fields.label_bytes(), '\0');
   for (item *phrase = relation_head(utt_relation(u, "focus_phrase")); phrase != nullptr;
        phrase = item_next(phrase)) {
     feat_set(u->features, "focus_phrase", item_val(phrase));
     PhraseCreate(u, lang.c_str());
     for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
-      if (MakeFeatureLabel(p, fields.names(), fields.prefixes(), fields.suffixes(), fields.count(),
-                           label, sizeof label) != 0) {
-        error = "a label is longer than " + std::to_string(kLabelBytes - 1) + " bytes";
-        return false;
-      }
-      std::fprintf(out, "%s\n", label);
+      MakeFeatureLabel(p, fields.names(), fields.prefixes(), fields.suffixes(), fields.count(),
+                       &label[0]);
+      std::fprintf(out, "%s\n", label.c_str());
     }
+  }
+  if (std::ferror(out) != 0) {
+    error = "cannot write the labels";
+    return false;
   }
   return true;
 }

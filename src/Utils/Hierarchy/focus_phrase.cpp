@@ -60,9 +60,11 @@ UTILS_API int FocusPhraseCreate(utterance *u) {
        w = utt_walk_next_tag(w, top, 1, word_tag)) {
     if (phrase == nullptr) {
       phrase = relation_append(phrases, nullptr);
+      if (phrase == nullptr) return 0;
       pword = nullptr;
     }
     if (pword == nullptr) pword = item_add_daughter(phrase, nullptr);
+    if (pword == nullptr) return 0;
     item *word_item = item_add_daughter(pword, w);
     if (word_item == nullptr) return 0;
     const int placed = add_syllables(w, word_item);

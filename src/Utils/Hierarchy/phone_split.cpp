@@ -46,6 +46,11 @@ int add_phones(item *syllable, const bsr_wchar *text, size_t len, size_t max_pho
     ++added;
     item_set_wstring(phone, utils::markup::kTagFeature, PhoneTagName());
     item_set_wstring(phone, utils::markup::kNameFeature, name);
+    // Setting a feature reports exhausted memory only by its absence.
+    if (!item_feat_present(phone, utils::markup::kTagFeature) ||
+        !item_feat_present(phone, utils::markup::kNameFeature)) {
+      return -1;
+    }
     start = end;
   }
   return added;

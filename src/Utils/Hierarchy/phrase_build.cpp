@@ -36,9 +36,30 @@ int phones_of(const item *word) {
   return n;
 }
 
-item *new_pause(item *at) {
-  if (at != nullptr) item_set_wstring(at, kNameFeature, kPause);
-  return at;
+// Appends `from` (or, when null, a new item) to the flat relation `rel` and
+// adds that under `parent` in the tree; returns the tree's item, and the
+// flat one in `*flat` when asked, or null when either step fails. A failed
+// append never turns into a daughter with contents of its own, and an item
+// that could not join the tree leaves the flat relation again, so the two
+// never disagree.
+item *place(relation *rel, item *from, item *parent, item **flat = nullptr) {
+  item *in_rel = relation_append(rel, from);
+  if (in_rel == nullptr) return nullptr;
+  item *tree = item_add_daughter(parent, in_rel);
+  if (tree == nullptr) {
+    delete_item(in_rel);
+    return nullptr;
+  }
+  if (flat != nullptr) *flat = in_rel;
+  return tree;
+}
+
+// Names a new pause item; one that cannot take its name is taken out
+// again, so every item of "Phone" has a name.
+void new_pause(item *at) {
+  if (at == nullptr) return;
+  item_set_wstring(at, kNameFeature, kPause);
+  if (!item_feat_present(at, kNameFeature)) delete_item(at);
 }
 
 class PhraseBuilder {
@@ -63,10 +84,10 @@ class PhraseBuilder {
     copy_feature(phrase, focus_, kPositionFW);
     copy_feature(phrase, focus_, kPositionBW);
     for (item *pw = item_daughter(focus_); pw != nullptr; pw = item_next(pw)) {
-      item *pword = item_add_daughter(phrase, relation_append(rel_[kPWordRel], pw));
+      item *pword = place(rel_[kPWordRel], pw, phrase);
       if (pword == nullptr) return;
       for (item *w = item_daughter(pw); w != nullptr; w = item_next(w)) {
-        item *word = item_add_daughter(pword, relation_append(rel_[kWordRel], w));
+        item *word = place(rel_[kWordRel], w, pword);
         if (word == nullptr) return;
         if (in_language(w)) {
           if (!add_syllables(word, w)) return;
@@ -103,10 +124,10 @@ class PhraseBuilder {
           copy_feature(phrase, focus_, kPositionBW);
         }
         if (pword == nullptr) {
-          pword = item_add_daughter(phrase, relation_append(rel_[kPWordRel], pw));
+          pword = place(rel_[kPWordRel], pw, phrase);
           if (pword == nullptr) return;
         }
-        item *word = item_add_daughter(pword, relation_append(rel_[kWordRel], w));
+        item *word = place(rel_[kWordRel], w, pword);
         if (word == nullptr || !add_syllables(word, w)) return;
       }
     }
@@ -137,16 +158,23 @@ class PhraseBuilder {
   // the tree, "tone" taken from "stress", "pho-pos" counted.
   bool add_syllables(item *word, item *w) {
     for (item *s = item_daughter(w); s != nullptr; s = item_next(s)) {
-      item *syllable = item_add_daughter(word, relation_append(rel_[kSyllableRel], s));
+      item *syllable = place(rel_[kSyllableRel], s, word);
       if (syllable == nullptr) return false;
       // The contents are the SSML element's: a stress replaces its tone digit.
       if (const val *stress = item_feat(syllable, kStressFeature); stress != nullptr) {
         if (item_feat(syllable, kToneFeature) != stress) item_set(syllable, kToneFeature, stress);
+        if (item_feat(syllable, kToneFeature) != stress) return false;
       }
       for (item *p = item_daughter(s); p != nullptr; p = item_next(p)) {
-        item *flat = relation_append(rel_[kPhoneRel], p);
-        if (item_add_daughter(syllable, flat) == nullptr) return false;
-        item_set_int(flat, kPhonePosFeature, counter_++);
+        item *flat = nullptr;
+        item *phone = place(rel_[kPhoneRel], p, syllable, &flat);
+        if (phone == nullptr) return false;
+        item_set_int(phone, kPhonePosFeature, counter_++);
+        if (!item_feat_present(phone, kPhonePosFeature)) {
+          delete_item(flat);
+          delete_item(phone);
+          return false;
+        }
       }
     }
     return true;
@@ -158,9 +186,9 @@ class PhraseBuilder {
   int counter_ = 0;
 };
 
-bool same_language(const bsr_wchar *a, const bsr_wchar *b) {
-  return a != nullptr && b != nullptr && bsr_wcscmp(a, b) == 0;
-}
+// Compared as every string of the document is: a null language equals a
+// missing "xml:lang".
+bool same_language(const bsr_wchar *a, const bsr_wchar *b) { return bsr_wcscmp(a, b) == 0; }
 
 }  // namespace
 
@@ -188,22 +216,35 @@ UTILS_API void CreateFakeWord(const bsr_wchar *lang, relation *syllables, relati
                               item *word) {
   using namespace utils::hierarchy;
   if (syllables == nullptr || phones == nullptr || word == nullptr) return;
-  item *syllable = relation_append(syllables, nullptr);
-  item *tree_syllable = item_add_daughter(word, syllable);
-  if (tree_syllable == nullptr) return;
-  item_set_wstring(syllable, kToneFeature, u"1");
-  item_set_wstring(syllable, kVowelFeature, u"a");
   struct FakePhone {
     const char16_t *name;
     const char16_t *voiced;
   };
   static constexpr FakePhone kFakePhones[] = {{u"s", u"0"}, {u"a", u"1"}};
-  for (const FakePhone &f : kFakePhones) {
-    item *phone = relation_append(phones, nullptr);
-    if (item_add_daughter(tree_syllable, phone) == nullptr) return;
-    item_set_wstring(phone, kNameFeature, f.name);
-    item_set_wstring(phone, kVoicedFeature, f.voiced);
+  // The placeholder goes in whole or not at all: what was made before
+  // memory ran out is taken out again.
+  item *flat_syllable = nullptr;
+  item *syllable = place(syllables, nullptr, word, &flat_syllable);
+  if (syllable == nullptr) return;
+  item_set_wstring(syllable, kToneFeature, u"1");
+  item_set_wstring(syllable, kVowelFeature, u"a");
+  bool whole =
+      item_feat_present(syllable, kToneFeature) && item_feat_present(syllable, kVowelFeature);
+  item *flat_phones[2] = {nullptr, nullptr};
+  for (int k = 0; k < 2 && whole; ++k) {
+    item *phone = place(phones, nullptr, syllable, &flat_phones[k]);
+    if (phone == nullptr) {
+      whole = false;
+      break;
+    }
+    item_set_wstring(phone, kNameFeature, kFakePhones[k].name);
+    item_set_wstring(phone, kVoicedFeature, kFakePhones[k].voiced);
+    whole = item_feat_present(phone, kNameFeature) && item_feat_present(phone, kVoicedFeature);
   }
+  if (whole) return;
+  for (item *flat : flat_phones) delete_item(flat);
+  delete_item(syllable);  // and its phones in the tree
+  delete_item(flat_syllable);
 }
 
 }  // extern "C"

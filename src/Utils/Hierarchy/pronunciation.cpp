@@ -72,9 +72,11 @@ UTILS_API int CreatePhonemeWord(item *word, const bsr_wchar *pron) {
     if (syllable == nullptr) return false;
     ++added;
     item_set_wstring(syllable, utils::markup::kTagFeature, SyllableTagName());
+    if (!item_feat_present(syllable, utils::markup::kTagFeature)) return false;
     if (s.tone != 0) {
       const bsr_wchar tone[2] = {s.tone, 0};
       item_set_wstring(syllable, kToneFeature, tone);
+      if (!item_feat_present(syllable, kToneFeature)) return false;
     }
     return add_phones(syllable, s.text, s.len, UTILS_PRON_PHONE_MAX) >= 0;
   });

