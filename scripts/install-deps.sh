@@ -34,5 +34,7 @@ done
 [ ${#missing[@]} -eq 0 ] && exit 0
 
 export DEBIAN_FRONTEND=noninteractive
-$SUDO apt-get update -qq
+# A mirror that is still syncing one index (seen for armhf) fails the update
+# as a whole; the install below then says whether what we need is there.
+$SUDO apt-get update -qq || [ $ARMHF -eq 1 ]
 $SUDO apt-get install -y -qq "${missing[@]}"
