@@ -39,10 +39,10 @@ inline size_t at_least_one(uint32_t size) { return size == 0 ? 1 : size; }
 
 constexpr size_t kClassBytes = 16;
 constexpr size_t kClasses = 4;  // 16, 32, 48 and 64 bytes
-constexpr int kBlocksPerClass = 32;
+[[maybe_unused]] constexpr int kBlocksPerClass = 32;
 
 // The class of a size (0 for 1..16 bytes ...), kClasses when too large.
-inline size_t class_of(size_t n) { return (n - 1) / kClassBytes; }
+[[maybe_unused]] inline size_t class_of(size_t n) { return (n - 1) / kClassBytes; }
 
 struct FreeBlock {
   FreeBlock *next;
