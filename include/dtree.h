@@ -96,7 +96,8 @@ UTILS_API size_t DTree_Check(const void *image, size_t size, int tree_count);
  * name "0", else GetFeature(i, name) printed as MakeFeatureLabel does.
  * `out` must hold strlen(prefix) + strlen(suffix) + 130 bytes.
  * Returns 0; -1 with out = "" when no prefix starting with "[" starts the
- * pattern (such a pattern never matches) or an argument is null. */
+ * pattern (such a pattern never matches) or an argument is null; -1 with
+ * the field in out when memory ran out for its copy in the cache. */
 UTILS_API int MakeFeatureLabel2(const item *i, const char *pattern, const char *const *names,
                                 const char *const *prefixes, const char *const *suffixes, int count,
                                 char *out, char **cache);

@@ -48,8 +48,11 @@ extern "C" UTILS_API int MakeFeatureLabel2(const item *i, const char *pattern,
   const size_t pattern_length = std::strlen(pattern);
   if (pattern_length > 0 && pattern[pattern_length - 1] == '*') *o++ = '!';
   *o = '\0';
-  // An allocation that fails leaves the field uncached; it is rebuilt with
-  // the marks of the pattern that asks next.
-  if (cache != nullptr && j < kCacheFields) cache[j] = tts_strdup(out);
+  // A field the cache cannot keep would be rebuilt with the marks of the
+  // pattern that asks next, which may differ: say so.
+  if (cache != nullptr && j < kCacheFields) {
+    cache[j] = tts_strdup(out);
+    if (cache[j] == nullptr) return -1;
+  }
   return 0;
 }
