@@ -222,4 +222,14 @@ TEST(HTSModelCheck, EachCorruptFieldIsFound) {
   }
 }
 
+TEST(HTSModelCheck, ASecondTableThatIsNotThere) {
+  ModelParts parts = sample_model();
+  parts.has_ivar = 0;
+  ModelLayout layout;
+  Image image = model_image(parts, &layout);
+  ASSERT_EQ(check_model(image, image.size()), 0u);
+  put_u32(image, layout.block + 4, 1);
+  EXPECT_EQ(check_model(image, image.size()), layout.first_row);
+}
+
 }  // namespace

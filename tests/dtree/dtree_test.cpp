@@ -304,6 +304,60 @@ TEST_F(Items, AnUnalignedImageReadsTheSame) {
   DTree_Destroy(t);
 }
 
+TEST_F(Items, FieldsFrom256OnAreBuiltButNotCached) {
+  // 300 fields "[0]" .. "[299]", all the item's name.
+  std::vector<std::string> prefix_text;
+  for (int j = 0; j < 300; ++j) prefix_text.push_back("[" + std::to_string(j) + "]");
+  std::vector<const char *> names(300, "name"), prefixes, suffixes(300, "");
+  for (const std::string &p : prefix_text) prefixes.push_back(p.c_str());
+  char *cache[256] = {};
+  char out[64];
+  ASSERT_EQ(MakeFeatureLabel2(items_[2], "[280]x", names.data(), prefixes.data(), suffixes.data(),
+                              300, out, cache),
+            0);
+  EXPECT_STREQ(out, "[280]c");
+  ASSERT_EQ(MakeFeatureLabel2(items_[2], "*[280]c*", names.data(), prefixes.data(), suffixes.data(),
+                              300, out, cache),
+            0);
+  EXPECT_STREQ(out, "![280]c!");
+  for (char *entry : cache) EXPECT_EQ(entry, nullptr);
+
+  // In a lookup, too, such a field takes each pattern's own marks.
+  TreeParts parts;
+  parts.patterns = {"[280]x", "*[280]c*"};
+  parts.questions = {{0, 1}};
+  parts.trees = {{{0, 0, 1, 2}}};
+  const std::vector<unsigned char> image = tree_image(parts);
+  const void *at = image.data();
+  DTree *t = DTree_Create(&at, 1, names.data(), prefixes.data(), suffixes.data(), 300);
+  ASSERT_NE(t, nullptr);
+  EXPECT_EQ(DTree_Lookup(t, 0, items_[2]), 2);
+  DTree_Destroy(t);
+}
+
+TEST_F(Items, SixteenTreesOrNone) {
+  TreeParts parts;
+  parts.patterns = {"[C]c"};
+  parts.questions = {{0}};
+  for (int16_t t = 0; t < DTREE_MAX_TREES; ++t)
+    parts.trees.push_back({{0, 0, static_cast<int16_t>(100 + t), static_cast<int16_t>(200 + t)}});
+  const std::vector<unsigned char> image = tree_image(parts);
+  const void *at = image.data();
+  DTree *t = DTree_Create(&at, DTREE_MAX_TREES, kNames, kPrefixes, kSuffixes, kFields);
+  ASSERT_NE(t, nullptr);
+  EXPECT_EQ(DTree_Lookup(t, 15, items_[2]), 215);
+  EXPECT_EQ(DTree_Lookup(t, 15, items_[0]), 115);
+  DTree_Destroy(t);
+  at = image.data();
+  t = DTree_Create(&at, 0, kNames, kPrefixes, kSuffixes, kFields);
+  ASSERT_NE(t, nullptr);
+  EXPECT_EQ(t->TreeCount, 0);
+  EXPECT_EQ(DTree_Lookup(t, 0, items_[0]), 0);
+  // With no trees the pointer stops after the questions.
+  EXPECT_EQ(at, static_cast<const void *>(image.data() + image.size() - 16 * 12));
+  DTree_Destroy(t);
+}
+
 // ---- Classification trees ----------------------------------------------------
 
 TEST_F(Items, CartWalksQuestionsOverValues) {

@@ -55,6 +55,21 @@ check "to 76 bytes" [ "$(wc -c < "$work/bare.img")" -eq 76 ]
 check "a bare model round-trips" cmp -s "$work/bare.img" "$work/bare.again"
 check "quoted bytes come back escaped" grep -q '^field "a b" "\[\\x01\\"\]" "\\\\"$' "$work/bare.txt"
 
+# A model's tree image may carry another first word; it comes back.
+printf 'header 9\nquestion Q "[C]a"\ntree 1\n  node 0 Q 1 2\nend\n' > "$work/header.model"
+"$utts" compile-model -o "$work/header.img" "$work/header.model" 2>/dev/null && "$utts" dump "$work/header.img" > "$work/header.txt"
+check "a model's tree header is dumped" grep -q '^header 9$' "$work/header.txt"
+"$utts" compile-model -o "$work/header.again" "$work/header.txt" 2>/dev/null
+check "and compiles back to the same bytes" cmp -s "$work/header.img" "$work/header.again"
+printf 'header 9\n' > "$work/header.tree"
+expect_error() {  # expect_error NAME STATUS PATTERN COMMAND...
+  name=$1; status=$2; pattern=$3; shift 3
+  "$@" > /dev/null 2> "$work/err"
+  check "$name exits $status" [ $? -eq "$status" ]
+  check "$name says so" grep -q -- "$pattern" "$work/err"
+}
+expect_error "a header in a tree file" 1 "line 1: a tree file's first word is its tree count" "$utts" compile-tree "$work/header.tree"
+
 # Lookups (worked by hand in data/example.tree and data/example.model).
 printf '2 4\n4 2\n3 2\n2 1\n3 2\n' > "$work/model.want"
 "$utts" lookup "$built/example.model.img" "$data/example.labels" > "$work/model.got"
@@ -67,12 +82,6 @@ check "tree leaves" cmp -s "$work/tree.want" "$work/tree.got"
 check "one tree" [ "$("$utts" lookup -t 1 -f "$data/example.fields" "$built/example.tree.img" "$data/example.labels" | tr '\n' ' ')" = "4 6 6 5 6 " ]
 
 # Errors: one line on standard error, exit 1 (2 for bad usage).
-expect_error() {  # expect_error NAME STATUS PATTERN COMMAND...
-  name=$1; status=$2; pattern=$3; shift 3
-  "$@" > /dev/null 2> "$work/err"
-  check "$name exits $status" [ $? -eq "$status" ]
-  check "$name says so" grep -q -- "$pattern" "$work/err"
-}
 printf 'question Q "[C]a"\ntree\n  node 0 Q -1 2\n  node -2 Q 1 2\nend\n' > "$work/order.tree"
 expect_error "a child stored before" 1 "line 3: node 0 leads to node -1, which is not stored after it" \
   "$utts" compile-tree "$work/order.tree"

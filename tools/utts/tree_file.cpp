@@ -20,6 +20,10 @@ bool parse_tree_file(const std::string &text, TreeSet &set, std::string &error) 
       error = at_line(line.number, "unknown keyword '" + line.words[0] + "'");
       return false;
     }
+    if (line.words[0] == "header") {
+      error = at_line(line.number, "a tree file's first word is its tree count: no header here");
+      return false;
+    }
     if (line.words[0] == "tree" && set.trees.back().has_value) {
       error = at_line(line.number, "trees of a tree file carry no value (models' trees do)");
       return false;
