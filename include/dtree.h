@@ -136,4 +136,20 @@ UTILS_API const val *cart_interpret_questions(const item *i, const cart *c, int 
 
 UTILS_END_DECLS
 
+#ifdef __cplusplus
+/* C++ callers may hold the image position as a pointer to bytes of any type
+ * (const uint8_t *, char *, ...); it is advanced the same way. */
+template <typename Byte>
+inline DTree *DTree_Create(Byte **image, int tree_count, const char *const *feature_names,
+                           const char *const *feature_prefixes,
+                           const char *const *feature_suffixes, int feature_count) {
+  if (image == nullptr) return nullptr;
+  const void *at = *image;
+  DTree *tree = DTree_Create(&at, tree_count, feature_names, feature_prefixes, feature_suffixes,
+                             feature_count);
+  *image = static_cast<Byte *>(const_cast<void *>(at));
+  return tree;
+}
+#endif
+
 #endif /* UTILS_DTREE_H */

@@ -219,6 +219,22 @@ TEST_F(Items, LookupsWorkedByHand) {
   DTree_Destroy(t);
 }
 
+TEST_F(Items, CreateAdvancesABytePointerOfAnyType) {
+  const std::vector<unsigned char> image = tree_image(lookup_tree());
+  const unsigned char *bytes = image.data();
+  DTree *t = DTree_Create(&bytes, 2, kNames, kPrefixes, kSuffixes, kFields);
+  ASSERT_NE(t, nullptr);
+  EXPECT_EQ(bytes, image.data() + image.size());
+  DTree_Destroy(t);
+  std::vector<char> copy(image.begin(), image.end());
+  char *chars = copy.data();
+  t = DTree_Create(&chars, 2, kNames, kPrefixes, kSuffixes, kFields);
+  ASSERT_NE(t, nullptr);
+  EXPECT_EQ(chars, copy.data() + copy.size());
+  EXPECT_EQ(DTree_Lookup(t, 1, items_[1]), 12);
+  DTree_Destroy(t);
+}
+
 TEST_F(Items, AnIntegerFieldIsAskedInDecimal) {
   TreeParts s;
   s.patterns = {"[N]-?\?/"};
