@@ -141,8 +141,8 @@ UTILS_END_DECLS
  * (const uint8_t *, char *, ...); it is advanced the same way. */
 template <typename Byte>
 inline DTree *DTree_Create(Byte **image, int tree_count, const char *const *feature_names,
-                           const char *const *feature_prefixes,
-                           const char *const *feature_suffixes, int feature_count) {
+                           const char *const *feature_prefixes, const char *const *feature_suffixes,
+                           int feature_count) {
   if (image == nullptr) return nullptr;
   const void *at = *image;
   DTree *tree = DTree_Create(&at, tree_count, feature_names, feature_prefixes, feature_suffixes,
