@@ -97,6 +97,8 @@ printf 'window -1 1 0.5\n' > "$work/window.model"
 expect_error "a short window" 1 "line 1: a window from -1 to 1 has 3 coefficients" "$utts" compile-model "$work/window.model"
 printf 'rows 1\nstatistics 0\nmean 0 1\n' > "$work/extra.model"
 expect_error "statistics without a trailing block" 1 "trailing block of at least one byte" "$utts" compile-model "$work/extra.model"
+printf 'rows 3000000\nstatistics 1\nextra 00\n' > "$work/huge.model"
+expect_error "statistics past 2 GB" 1 "the statistics of 3000000 rows pass 2 GB" "$utts" compile-model "$work/huge.model"
 printf 'field name "[C]" ""\nquestion Q "[D]a"\ntree\n  node 0 Q 1 2\nend\n' > "$work/unasked.tree"
 "$utts" compile-tree -o "$work/unasked.img" "$work/unasked.tree" 2> "$work/err"
 check "an unasked pattern still compiles" [ $? -eq 0 ]

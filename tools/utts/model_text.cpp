@@ -2,6 +2,7 @@
 // image.
 #include "utts/model_text.h"
 
+#include <climits>
 #include <cstring>
 
 #include "hts_model.h"
@@ -226,6 +227,12 @@ bool encode_model(const ModelText &model, std::string &out, std::string &error) 
   if (!model.statistics) {
     put_u32(out, 0);
     return true;
+  }
+  // A section's size is counted in an int.
+  const uint64_t table_bytes = 2ull * kRowValues * model.rows * (model.has_ivar != 0 ? 2 : 1);
+  if (out.size() + table_bytes + model.extra.size() > INT32_MAX - 16) {
+    error = "the statistics of " + std::to_string(model.rows) + " rows pass 2 GB";
+    return false;
   }
   put_u32(out, static_cast<uint32_t>(model.extra.size()));
   put_u32(out, model.has_ivar);
