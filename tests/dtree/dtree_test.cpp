@@ -351,6 +351,26 @@ TEST_F(Items, FieldsFrom256OnAreBuiltButNotCached) {
   DTree_Destroy(t);
 }
 
+TEST_F(Items, APathOfMoreThan65535Nodes) {
+  // Repeated Ids chain 70,000 nodes; each asks an unmarked pattern first, so
+  // the marked second one never holds, on either side of the node count's
+  // restart.
+  TreeParts parts;
+  parts.patterns = {"[C]x", "*[C]b|*"};
+  parts.questions = {{0, 1}};
+  std::vector<DTreeNode> nodes{{0, 0, -1, 1}};
+  for (int k = 0; k < 70000; ++k) nodes.push_back({-1, 0, -1, 2});
+  nodes.back().No = 7;
+  parts.trees = {nodes};
+  const std::vector<unsigned char> image = tree_image(parts);
+  ASSERT_EQ(DTree_Check(image.data(), image.size(), 1), 0u);
+  const void *at = image.data();
+  DTree *t = DTree_Create(&at, 1, kNames, kPrefixes, kSuffixes, kFields);
+  ASSERT_NE(t, nullptr);
+  EXPECT_EQ(DTree_Lookup(t, 0, items_[1]), 7);
+  DTree_Destroy(t);
+}
+
 TEST_F(Items, SixteenTreesOrNone) {
   TreeParts parts;
   parts.patterns = {"[C]c"};

@@ -16,9 +16,10 @@ namespace {
 
 // Fields from this index on are neither cached nor given lasting marks.
 constexpr int kCacheFields = 256;
-// Room for the values of the fields one lookup reads; values that do not
-// fit are evaluated again when asked for again.
-constexpr size_t kValueArena = 4096;
+// Room for the values of the fields one lookup reads (a path through a tree
+// asks about some tens of fields); values that do not fit are evaluated
+// again when asked for again.
+constexpr size_t kValueArena = 2048;
 // A label field longer than this (prefix and suffix of some hundreds of
 // bytes) is built in an allocated buffer instead.
 constexpr size_t kLabelBytes = 512;
@@ -26,18 +27,20 @@ constexpr size_t kLabelBytes = 512;
 // The state of one lookup, all on the stack: the value of each field read
 // so far (features do not change during a lookup, so a value read at one
 // node serves the next), and the marks each field received at the current
-// node, where the first pattern that reaches a field decides them.
+// node, where the first pattern that reaches a field decides them. Nodes
+// are counted in 16 bits; a path of more than 65,535 nodes (possible only
+// with repeated Ids) starts the count again. About 3.5 KB of stack.
 struct LookupCache {
-  uint32_t marks_node[kCacheFields];  // node counter when the marks were set
-  uint32_t marks[kCacheFields];
-  uint16_t value_at[kCacheFields];  // offset in arena + 1; 0: not read yet
+  uint16_t marks_node[kCacheFields];  // node counter when the marks were set
+  uint8_t marks[kCacheFields];        // kLeadMark and kTrailMark, shifted down
+  uint16_t value_at[kCacheFields];    // offset in arena + 1; 0: not read yet
   uint8_t value_length[kCacheFields];
   char arena[kValueArena];
   size_t arena_used;
 };
 
 // Whether the label field of pattern k (at node number `node`) matches it.
-bool pattern_holds(const DTree *tree, const item *i, int k, uint32_t node, LookupCache &cache) {
+bool pattern_holds(const DTree *tree, const item *i, int k, uint16_t node, LookupCache &cache) {
   const uint32_t info = pattern_info(tree)[k];
   const int j = static_cast<int>(info & kFieldMask);
   if (j >= tree->FeatureCount) return false;
@@ -46,11 +49,11 @@ bool pattern_holds(const DTree *tree, const item *i, int k, uint32_t node, Looku
   size_t value_length;
   char fresh[kValueBytes];
   if (j < kCacheFields) {
-    if (cache.marks_node[j] == node)
-      marks = cache.marks[j];
-    else {
+    if (cache.marks_node[j] == node) {
+      marks = static_cast<uint32_t>(cache.marks[j]) << 30;
+    } else {
       cache.marks_node[j] = node;
-      cache.marks[j] = marks;
+      cache.marks[j] = static_cast<uint8_t>(marks >> 30);
     }
     if (cache.value_at[j] != 0) {
       value = cache.arena + cache.value_at[j] - 1;
@@ -96,7 +99,7 @@ bool pattern_holds(const DTree *tree, const item *i, int k, uint32_t node, Looku
 }
 
 // Whether any pattern of question q holds, tried in order.
-bool question_holds(const DTree *tree, const item *i, int q, uint32_t node, LookupCache &cache) {
+bool question_holds(const DTree *tree, const item *i, int q, uint16_t node, LookupCache &cache) {
   if (q < 0 || q >= tree->QuestionCount) return false;
   const auto *record = reinterpret_cast<const unsigned char *>(tree->Questions[q]);
   const int n = load_i16(record);
@@ -203,7 +206,11 @@ extern "C" UTILS_API int32_t DTree_Lookup(const DTree *tree, int tree_index, con
   std::memset(cache.value_at, 0, sizeof cache.value_at);
   cache.arena_used = 0;
   int16_t current = 0;
-  for (uint32_t node = 1;; ++node) {
+  for (uint16_t node = 1;; ++node) {
+    if (node == 0) {
+      std::memset(cache.marks_node, 0, sizeof cache.marks_node);
+      node = 1;
+    }
     // Children follow their parents, so the next node is found further on.
     DTreeNode n = load_node(at);
     while (n.Id != current) {
