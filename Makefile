@@ -71,13 +71,15 @@ test-valgrind: deps
 
 demo: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo
-	cmake --build $(BUILD) -j $(JOBS) --target utts
+	cmake --build $(BUILD) -j $(JOBS) --target utts example_images
 	@set -e; for f in examples/*.ssml; do \
 	  echo "== utts normalize $$f"; $(BUILD)/tools/utts normalize "$$f"; printf '\n\n'; done
 	@echo "== utts labels examples/mixed-language.ssml (en-US, the Chinese name replaced)"
 	@$(BUILD)/tools/utts labels examples/mixed-language.ssml
 	@echo "== utts labels -l zh-CN examples/mixed-language.ssml (only the Chinese name kept)"
 	@$(BUILD)/tools/utts labels -l zh-CN examples/mixed-language.ssml
+	@echo "== utts lookup build/data/example.model.img data/example.labels (the leaf of each tree)"
+	@$(BUILD)/tools/utts lookup $(BUILD)/data/example.model.img data/example.labels
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(ARMHF_BUILD)
