@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "dtree.h"
-#include "guard_page.h"
+#include "guarded_input.h"
 #include "lookup_items.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "guard_page.h"
+#include "guarded_input.h"
 #include "hts_model.h"
 #include "lookup_items.h"
 

@@ -69,12 +69,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const char *nul = static_cast<const char *>(std::memchr(bytes, 0, size));
   size_t rules_size = nul != nullptr ? static_cast<size_t>(nul - bytes) : size;
   HReplacer *replacer = HReplacer_create();
-  HReplacer_addRuleSet(replacer, fuzz_support::guarded_c_string(data, rules_size),
+  HReplacer_addRuleSet(replacer, fuzz::guarded_c_string(data, rules_size),
                        static_cast<int>(rules_size));
   // The document after the rules, up to a zero byte, ends at an unreadable page.
-  const char *document = nul != nullptr ? fuzz_support::guarded_c_string(data + rules_size + 1,
-                                                                         size - rules_size - 1, 1)
-                                        : "";
+  const char *document =
+      nul != nullptr ? fuzz::guarded_c_string(data + rules_size + 1, size - rules_size - 1, 1) : "";
   HConverter *converter = make_converter();
 
   // Parsed under a holder node: Mini-XML frees a half-built tree on a parse

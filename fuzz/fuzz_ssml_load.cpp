@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   // The loader reads a zero-terminated string: a zero byte ends the document,
   // and that zero is the last byte before an unreadable page.
-  const char *text = fuzz_support::guarded_c_string(data, size);
+  const char *text = fuzz::guarded_c_string(data, size);
   utterance *u = new_utterance();
   if (utt_load_ssml(u, text)) exercise(u);
   delete_utterance(u);

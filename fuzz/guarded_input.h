@@ -17,7 +17,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-namespace fuzz_support {
+namespace fuzz {
 
 class GuardedRegion {
  public:
@@ -72,6 +72,20 @@ inline const char *guarded_c_string(const uint8_t *data, size_t size, int slot =
   return reinterpret_cast<const char *>(copy);
 }
 
-}  // namespace fuzz_support
+// A guarded copy held as an object, for harnesses that pass the image and its
+// size around together. Valid until the next copy into the same slot.
+class GuardedCopy {
+ public:
+  GuardedCopy(const uint8_t *data, size_t size, int slot = 0)
+      : data_(guarded_bytes(data, size, slot)), size_(size) {}
+  const uint8_t *data() const { return data_; }
+  size_t size() const { return size_; }
+
+ private:
+  const uint8_t *data_;
+  size_t size_;
+};
+
+}  // namespace fuzz
 
 #endif  // UTILS_FUZZ_GUARDED_INPUT_H
