@@ -196,7 +196,7 @@ struct Fixture {
       one_name[0] = kNames[j];
       std::map<std::string, int> seen;
       for (item *p : phones) {
-        MakeFeatureLabel(p, one_name, one_prefix, one_suffix, 1, label, sizeof label);
+        MakeFeatureLabel(p, one_name, one_prefix, one_suffix, 1, label);
         const std::string text(label + 1, std::strlen(label) - 2);
         if (seen[text]++ == 0) values[j].push_back(text);
       }
@@ -309,7 +309,7 @@ struct Fixture {
   // The peers' walk: the whole label once, then the tree by index.
   template <typename Match>
   int32_t peer_lookup(const item *p, char *label, size_t size, Match match) const {
-    MakeFeatureLabel(p, kNames, prefixes.data(), suffixes.data(), kFields, label, size);
+    MakeFeatureLabel(p, kNames, prefixes.data(), suffixes.data(), kFields, label);
     size_t at = 0;
     for (;;) {
       const Node &n = nodes[at];
