@@ -316,7 +316,7 @@ TEST(EnglishSpoken, Measures) {
       {"3 KG", "three kilograms"},
       {"20 kgs", "twenty kilograms"},
       {"2.5 Kg", "two point five kilograms"},
-      {"500 g", "five hundred g"},
+      {"500 g", "five hundred grams"},
       {"500g", "five hundred grams"},
       {"200 mg", "two hundred milligrams"},
       {"10 lbs", "ten pounds"},
@@ -326,13 +326,16 @@ TEST(EnglishSpoken, Measures) {
       {"1 km", "one kilometer"},
       {"10 KM", "ten kilometers"},
       {"2m", "two meters"},
+      {"100 m", "one hundred meters"},
+      {"60W", "sixty watts"},
+      {"12V", "twelve volts"},
       {"15 cm", "fifteen centimeters"},
       {"3 mm", "three millimeters"},
       {"26.2 mi", "twenty-six point two miles"},
       {"6 ft", "six feet"},
       {"1 ft", "one foot"},
       {"100 yds", "one hundred yards"},
-      {"2 L", "two L"},
+      {"2 L", "two liters"},
       {"3L", "three liters"},
       {"250 ml", "two hundred fifty milliliters"},
       {"5 gal", "five gallons"},
@@ -349,11 +352,11 @@ TEST(EnglishSpoken, Measures) {
       {"64 KB", "sixty-four kilobytes"},
       {"3.5 GHz", "three point five gigahertz"},
       {"50 Hz", "fifty hertz"},
-      {"100 W", "one hundred watts"},
+      {"100W", "one hundred watts"},
       {"5 kW", "five kilowatts"},
       {"10 MW", "ten megawatts"},
       {"3000 mAh", "three thousand milliamp hours"},
-      {"12 V", "twelve volts"},
+      {"12 kV", "twelve kilovolts"},
       {"85 dB", "eighty-five decibels"},
       {"1,013 hPa", "one thousand thirteen hectopascals"},
       {"30 psi", "thirty p s i"},
@@ -402,7 +405,8 @@ TEST(EnglishSpoken, Measures) {
        "minus five to minus ten degrees Celsius"},
       // Words that look like units but are not, after a number.
       {"5 in the morning", "five in the morning"},
-      {"page 5 m", "page five m"},
+      {"5 W 42nd Street", "five W forty-second Street"},
+      {"24 h", "twenty-four h"},
       {"10 items", "ten items"},
   };
   CHECK_TABLE(cases);
@@ -589,6 +593,33 @@ TEST(EnglishSpoken, OrdinalsPercentsAndFractions) {
       {"1/3", "one third"},
       {"2/3", "two thirds"},
       {"5/8", "five eighths"},
+  };
+  CHECK_TABLE(cases);
+}
+
+TEST(EnglishSpoken, TelephoneNumbers) {
+  const Case cases[] = {
+      {"(555) 123-4567", "five five five, one two three, four five six seven"},
+      {"+1 (555) 123-4567", "plus one, five five five, one two three, four five six seven"},
+      {"1-800-555-0199", "one, eight zero zero, five five five, zero one nine nine"},
+      {"555-123-4567", "five five five, one two three, four five six seven"},
+      {"555-0199", "five five five, zero one nine nine"},
+      {"+44 20 7946 0958", "plus four four, two zero, seven nine four six, zero nine five eight"},
+  };
+  CHECK_TABLE(cases);
+}
+
+// Text that looks like one category at first sight and is another.
+TEST(EnglishSpoken, LookAlikes) {
+  const Case cases[] = {
+      {"2021-13-45", "two thousand twenty-one-thirteen-forty-five"},
+      {"13/14/2020", "thirteen fourteen two thousand twenty"},
+      {"1/2 cup", "one half cup"},
+      {"the 5 kgs", "the five kilograms"},
+      {"No, I will not.", "No, I will not."},
+      {"No. 5", "number five"},
+      {"Dr. Smith & Mr. Jones", "doctor Smith and mister Jones"},
+      {"St. Louis, on Elm St. today", "saint Louis, on Elm street today"},
   };
   CHECK_TABLE(cases);
 }
