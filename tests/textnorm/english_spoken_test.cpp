@@ -274,7 +274,8 @@ TEST(EnglishSpoken, Times) {
       {"14:00 UTC", "fourteen o'clock U T C"},
       {"8:30 GMT", "eight thirty G M T"},
       {"noon PST", "noon PST"},
-      {"10 am (CET)", "ten a m (CET)"},
+      {"10 am (CET)", "ten a m C E T"},
+      {"5 p.m. (EST) today", "five p m E S T today"},
       // Ranges.
       {"2pm-5pm", "two p m to five p m"},
       {"9am\xE2\x80\x93"
@@ -403,6 +404,13 @@ TEST(EnglishSpoken, Measures) {
       {"-5 to -10 \xC2\xB0"
        "C",
        "minus five to minus ten degrees Celsius"},
+      // Rates per unit of area, and kitchen measures.
+      {"1,234/km\xC2\xB2", "one thousand two hundred thirty-four per square kilometer"},
+      {"30 /sq mi", "thirty per square mile"},
+      {"40 km/hr", "forty kilometers per hour"},
+      {"80 kmph", "eighty kilometers per hour"},
+      {"2 tbsp", "two tablespoons"},
+      {"1 tsp", "one teaspoon"},
       // Words that look like units but are not, after a number.
       {"5 in the morning", "five in the morning"},
       {"5 W 42nd Street", "five W forty-second Street"},
@@ -497,6 +505,9 @@ TEST(EnglishSpoken, Money) {
       {"100 USD", "one hundred U S dollars"},
       {"EUR 30", "thirty euros"},
       {"CHF 10", "ten Swiss francs"},
+      {"USD5", "five U S dollars"},
+      {"$ 20", "twenty dollars"},
+      {"\xE2\x82\xAC 15", "fifteen euros"},
       {"It costs $12.50 today.", "It costs twelve dollars and fifty cents today."},
       {"They raised $3.5 million.", "They raised three point five million dollars."},
   };

@@ -641,8 +641,14 @@ const Unit *find_unit(const std::string &symbol) {
 
 // The words of a unit symbol in the singular and plural: "km" kilometer(s),
 // "km²" and "sq km" square kilometer(s), "m3" cubic meter(s), "ºC" and "℃"
-// degree(s) Celsius.
+// degree(s) Celsius, "/km²" per square kilometer (as in 30/km²).
 bool unit_words(std::string unit, std::string &singular, std::string &plural) {
+  if (!unit.empty() && unit[0] == '/') {
+    std::string one, many;
+    if (!unit_words(trimmed(unit.substr(1)), one, many)) return false;
+    singular = plural = "per " + one;
+    return true;
+  }
   // The other degree signs, and blanks between the sign and its letter.
   const char *const kDegreeForms[][2] = {{"\xC2\xBA", "\xC2\xB0"},  // ordinal indicator
                                          {"\xE2\x84\x83",

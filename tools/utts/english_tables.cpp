@@ -79,6 +79,8 @@ const Unit kUnits[] = {
     {"mL", "milliliter", "milliliters", false},
     {"cc", "cubic centimeter", "cubic centimeters", false},
     {"gal", "gallon", "gallons", true},
+    {"tbsp", "tablespoon", "tablespoons", true},
+    {"tsp", "teaspoon", "teaspoons", true},
     // Time.
     {"ms", "millisecond", "milliseconds", false},
     {"sec", "second", "seconds", true},
@@ -94,6 +96,8 @@ const Unit kUnits[] = {
     {"yrs", "year", "years", true},
     // Speed and rates.
     {"km/h", "kilometer per hour", "kilometers per hour", true},
+    {"km/hr", "kilometer per hour", "kilometers per hour", true},
+    {"kmph", "kilometer per hour", "kilometers per hour", true},
     {"kmh", "kilometer per hour", "kilometers per hour", true},
     {"kph", "kilometer per hour", "kilometers per hour", true},
     {"mph", "mile per hour", "miles per hour", true},
