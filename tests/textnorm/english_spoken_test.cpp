@@ -374,7 +374,9 @@ TEST(EnglishSpoken, Measures) {
       {"1 \xC2\xB0"
        "C",
        "one degree Celsius"},
-      {"-1 \xC2\xB0" "C", "minus one degree Celsius"},
+      {"-1 \xC2\xB0"
+       "C",
+       "minus one degree Celsius"},
       {"37.5\xC2\xB0"
        "C",
        "thirty-seven point five degrees Celsius"},

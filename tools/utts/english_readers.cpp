@@ -60,9 +60,7 @@ size_t number_length(const std::string &text) {
 }
 
 // True when a written number reads as exactly one (for singular units).
-bool is_one(const std::string &number) {
-  return number == "1" || number == "+1" || number == "-1";
-}
+bool is_one(const std::string &number) { return number == "1" || number == "+1" || number == "-1"; }
 
 std::string plural_of(const std::string &word) {
   if (!word.empty() && word.back() == 'y') return word.substr(0, word.size() - 1) + "ies";
