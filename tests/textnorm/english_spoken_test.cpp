@@ -194,6 +194,13 @@ TEST(EnglishSpoken, DatesWithMonthNames) {
       {"15-Jan-2020", "the fifteenth of January, twenty twenty"},
       {"22nd of February, 1732", "the twenty-second of February, seventeen thirty-two"},
       {"2 June", "the second of June"},
+      // Ranges of days.
+      {"July 25-27", "July twenty-fifth to twenty-seventh"},
+      {"Aug. 1\xE2\x80\x93"
+       "3, 2012",
+       "August first to third, twenty twelve"},
+      {"March 3rd - 5th", "March third to fifth"},
+      {"July 27-25", "July twenty-seven twenty-five"},
       // Month and year.
       {"May 2012", "May twenty twelve"},
       {"January 2000", "January two thousand"},
@@ -509,6 +516,12 @@ TEST(EnglishSpoken, Money) {
       {"EUR 30", "thirty euros"},
       {"CHF 10", "ten Swiss francs"},
       {"USD5", "five U S dollars"},
+      {"$20-30", "twenty to thirty dollars"},
+      {"$5-10 million", "five to ten million dollars"},
+      {"\xC2\xA3"
+       "3\xE2\x80\x93"
+       "4bn",
+       "three to four billion pounds"},
       {"$ 20", "twenty dollars"},
       {"\xE2\x82\xAC 15", "fifteen euros"},
       {"It costs $12.50 today.", "It costs twelve dollars and fifty cents today."},

@@ -123,13 +123,21 @@ bool say_range(const std::string &first, const std::string &second, std::string 
   return true;
 }
 
+// True when `last` closes a range of days after `day` (0: no range).
+bool valid_days(long day, long last) { return last == 0 || (last > day && last <= 31); }
+
 // "November twenty-first, twenty twenty-six": the month first, as written
-// in "Nov. 21, 2026" and 11/21/2026. Day 0 or an empty year leave that part out.
-bool say_date(long month, long day, const std::string &year, std::string &out) {
-  if (month < 1 || month > 12 || day < 0 || day > 31) return false;
+// in "Nov. 21, 2026" and 11/21/2026. Day 0 or an empty year leave that part
+// out; a last day makes a range ("July twenty-fifth to twenty-seventh").
+bool say_date(long month, long day, const std::string &year, std::string &out, long last_day = 0) {
+  if (month < 1 || month > 12 || day < 0 || day > 31 || !valid_days(day, last_day)) return false;
   std::string words;
   add_word(words, kMonthNames[month - 1]);
   if (day > 0) say_ordinal(std::to_string(day), words);
+  if (last_day > 0) {
+    add_word(words, "to");
+    say_ordinal(std::to_string(last_day), words);
+  }
   if (!year.empty()) {
     if (day > 0) words += ',';
     if (!say_year(year, words)) return false;
@@ -140,10 +148,15 @@ bool say_date(long month, long day, const std::string &year, std::string &out) {
 
 // "the twenty-first of November, twenty twenty-six": the day first, as
 // written in "21 November 2026", "21.11.2026" and 2026-11-21.
-bool say_date_day_first(long month, long day, const std::string &year, std::string &out) {
-  if (month < 1 || month > 12 || day < 1 || day > 31) return false;
+bool say_date_day_first(long month, long day, const std::string &year, std::string &out,
+                        long last_day = 0) {
+  if (month < 1 || month > 12 || day < 1 || day > 31 || !valid_days(day, last_day)) return false;
   std::string words = "the";
   say_ordinal(std::to_string(day), words);
+  if (last_day > 0) {
+    add_word(words, "to the");
+    say_ordinal(std::to_string(last_day), words);
+  }
   add_word(words, "of");
   add_word(words, kMonthNames[month - 1]);
   if (!year.empty()) {
@@ -392,11 +405,18 @@ bool read_money(const std::string &text, std::string &out) {
     }
   }
   if (currency == nullptr) return false;
-  size_t length = number_length(rest);
-  std::string number = rest.substr(0, length), scale = trimmed(rest.substr(length));
-  if (number.empty() || number.find_first_of("0123456789") == std::string::npos) return false;
+  std::string number, last, scale;
+  if (!split_range(rest, number, last, scale)) return false;
+  if (number.find_first_of("0123456789") == std::string::npos) return false;
   std::string words;
-  if (!scale.empty()) {
+  if (!last.empty()) {
+    // "$20-30", "$5-10 million": a range of whole amounts, said once in the plural.
+    const char *word = scale.empty() ? nullptr : scale_word(scale);
+    if (!scale.empty() && word == nullptr) return false;
+    if (!say_range(number, last, words)) return false;
+    if (word != nullptr) add_word(words, word);
+    add_word(words, currency->major_plural);
+  } else if (!scale.empty()) {
     // "$3.5 million": the scale word follows the number as written.
     const char *word = scale_word(scale);
     if (word == nullptr) return false;
@@ -478,8 +498,8 @@ bool read_month_date(const std::string &text, std::string &out) {
     if (is_alpha(tokens[i][0]) && (month = month_of(tokens[i])) != 0) month_at = i;
   }
   if (month == 0) return false;
-  long day = 0;
-  bool day_first = false;
+  long day = 0, last_day = 0;
+  bool day_first = false, readable = true;
   std::string year;
   for (size_t i = 0; i < tokens.size(); ++i) {
     const std::string digits = leading_digits(tokens[i]);
@@ -489,13 +509,20 @@ bool read_month_date(const std::string &text, std::string &out) {
     } else if (digits.size() <= 2 && day == 0) {
       day = digit_value(digits);
       day_first = i < month_at;
+    } else if (digits.size() <= 2 && last_day == 0) {
+      last_day = digit_value(digits);
     } else {
-      return false;
+      readable = false;
     }
   }
-  if (day == 0 && year.empty()) return false;
-  if (day_first) return say_date_day_first(month, day, year, out);
-  return say_date(month, day, year, out);
+  if (readable && (day != 0 || !year.empty())) {
+    if (day_first ? say_date_day_first(month, day, year, out, last_day)
+                  : say_date(month, day, year, out, last_day))
+      return true;
+  }
+  // "July 0-45": no such days, but every number is still said.
+  say_loosely(text, out);
+  return true;
 }
 
 namespace {
