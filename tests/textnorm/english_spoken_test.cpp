@@ -116,9 +116,17 @@ TEST(EnglishSpoken, Years) {
       {"from 1914 to 1918", "from nineteen fourteen to nineteen eighteen"},
       {"between 1990 and 1995", "between nineteen ninety and nineteen ninety-five"},
       {"1960 through 1969", "nineteen sixty through nineteen sixty-nine"},
-      // Not years: a separated number, a number without a year's context.
+      // From 1900 to 2099 without a separator, a year wherever it stands.
+      {"fiscal 2019", "fiscal twenty nineteen"},
+      {"The 2020 Olympics", "The twenty twenty Olympics"},
+      {"Q3 2021.", "Q3 twenty twenty-one."},
+      {"1999, 2000, 2001", "nineteen ninety-nine, two thousand, two thousand one"},
+      // Not years: a separated number, an earlier number without a year's
+      // context, decimals, a number inside a word.
       {"in 1,994 cases", "in one thousand nine hundred ninety-four cases"},
-      {"scored 1994 points", "scored one thousand nine hundred ninety-four points"},
+      {"scored 1776 points", "scored one thousand seven hundred seventy-six points"},
+      {"2019.5", "two thousand nineteen point five"},
+      {"FY2019", "FY2019"},
       {"in 30 days", "in thirty days"},
   };
   CHECK_TABLE(cases);
@@ -634,6 +642,7 @@ TEST(EnglishSpoken, TelephoneNumbers) {
       {"1-800-555-0199", "one, eight zero zero, five five five, zero one nine nine"},
       {"555-123-4567", "five five five, one two three, four five six seven"},
       {"555-0199", "five five five, zero one nine nine"},
+      {"0800 123 4567", "zero eight zero zero, one two three, four five six seven"},
       {"+44 20 7946 0958", "plus four four, two zero, seven nine four six, zero nine five eight"},
   };
   CHECK_TABLE(cases);
@@ -645,6 +654,8 @@ TEST(EnglishSpoken, LookAlikes) {
       {"2021-13-45", "two thousand twenty-one-thirteen-forty-five"},
       {"13/14/2020", "thirteen fourteen two thousand twenty"},
       {"1/2 cup", "one half cup"},
+      {"1/2 tsp", "one half tsp"},
+      {"at 4am.", "at four a m."},
       {"the 5 kgs", "the five kilograms"},
       {"No, I will not.", "No, I will not."},
       {"No. 5", "number five"},
