@@ -425,6 +425,11 @@ TEST(EnglishSpoken, Measures) {
       {"-5 to -10 \xC2\xB0"
        "C",
        "minus five to minus ten degrees Celsius"},
+      // Compounds before a noun take the singular.
+      {"a 10-km walk", "a ten kilometer walk"},
+      {"a 5-kg bag", "a five kilogram bag"},
+      {"a 2-hr wait", "a two hour wait"},
+      {"a 100-GB plan", "a one hundred gigabyte plan"},
       // Rates per unit of area, and kitchen measures.
       {"1,234/km\xC2\xB2", "one thousand two hundred thirty-four per square kilometer"},
       {"30 /sq mi", "thirty per square mile"},
@@ -631,6 +636,9 @@ TEST(EnglishSpoken, OrdinalsPercentsAndFractions) {
       {"1/3", "one third"},
       {"2/3", "two thirds"},
       {"5/8", "five eighths"},
+      {"2 1/2 cups", "two and a half cups"},
+      {"1 3/4", "one and three quarters"},
+      {"3 1/3", "three and a third"},
   };
   CHECK_TABLE(cases);
 }

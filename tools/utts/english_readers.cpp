@@ -285,22 +285,34 @@ bool read_decade(const std::string &text, std::string &out) {
   return true;
 }
 
+// "1/2": one half; "3/4": three quarters; "2 1/2": two and a half.
 bool read_fraction(const std::string &text, std::string &out) {
   std::vector<std::string> runs = digit_runs(text);
-  if (runs.size() != 2) return false;
-  long numerator = digit_value(runs[0]), denominator = digit_value(runs[1]);
+  if (runs.size() != 2 && runs.size() != 3) return false;
+  const bool mixed = runs.size() == 3;
+  const std::string &top = runs[runs.size() - 2], &bottom = runs.back();
+  long numerator = digit_value(top), denominator = digit_value(bottom);
   if (numerator < 0 || denominator < 2) return false;
-  say_cardinal(runs[0], out);
+  std::string words;
+  if (mixed) {
+    if (!say_cardinal(runs[0], words)) return false;
+    add_word(words, "and");
+  }
+  if (mixed && numerator == 1)
+    add_word(words, "a");
+  else
+    say_cardinal(top, words);
   std::string unit;
   if (denominator == 2)
     unit = numerator == 1 ? "half" : "halves";
   else if (denominator == 4)
     unit = numerator == 1 ? "quarter" : "quarters";
   else {
-    say_ordinal(runs[1], unit);
+    say_ordinal(bottom, unit);
     if (numerator != 1) unit += "s";
   }
-  add_word(out, unit);
+  add_word(words, unit);
+  add_word(out, words);
   return true;
 }
 
@@ -718,12 +730,17 @@ bool unit_words(std::string unit, std::string &singular, std::string &plural) {
 
 bool read_measure(const std::string &text, std::string &out) {
   std::string first, second, unit, singular, plural;
-  if (!split_range(text, first, second, unit) || !unit_words(unit, singular, plural)) return false;
+  if (!split_range(text, first, second, unit)) return false;
+  // A hyphen makes a compound that describes a noun: "a 10-km walk" is a
+  // ten kilometer walk.
+  const bool compound = !unit.empty() && unit[0] == '-';
+  if (compound) unit = trimmed(unit.substr(1));
+  if (!unit_words(unit, singular, plural)) return false;
   std::string words;
   if (!say_range(first, second, words)) return false;
   // The singular after exactly one ("1 sec": one second), the plural after
   // anything else, ranges included.
-  add_word(words, second.empty() && is_one(first) ? singular : plural);
+  add_word(words, compound || (second.empty() && is_one(first)) ? singular : plural);
   add_word(out, words);
   return true;
 }
