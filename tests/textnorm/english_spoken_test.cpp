@@ -228,12 +228,12 @@ TEST(EnglishSpoken, DatesWithMonthNames) {
 
 TEST(EnglishSpoken, NumericDates) {
   const Case cases[] = {
-      // Year first, with hyphens, slashes or dots: said day first.
-      {"2016-07-03", "the third of July, twenty sixteen"},
-      {"2016/07/03", "the third of July, twenty sixteen"},
-      {"2016.07.03", "the third of July, twenty sixteen"},
-      {"2001-9-11", "the eleventh of September, two thousand one"},
-      {"1999-12-31", "the thirty-first of December, nineteen ninety-nine"},
+      // Year first, with hyphens, slashes or dots: said month first.
+      {"2016-07-03", "July third, twenty sixteen"},
+      {"2016/07/03", "July third, twenty sixteen"},
+      {"2016.07.03", "July third, twenty sixteen"},
+      {"2001-9-11", "September eleventh, two thousand one"},
+      {"1999-12-31", "December thirty-first, nineteen ninety-nine"},
       // Month first, as in American use.
       {"11/21/2026", "November twenty-first, twenty twenty-six"},
       {"7/4/1776", "July fourth, seventeen seventy-six"},
@@ -251,7 +251,7 @@ TEST(EnglishSpoken, NumericDates) {
       // In a sentence.
       {"Due 11/21/2026, paid 1/2/2005.",
        "Due November twenty-first, twenty twenty-six, paid January second, two thousand five."},
-      {"Updated 2020-03-15.", "Updated the fifteenth of March, twenty twenty."},
+      {"Updated 2020-03-15.", "Updated March fifteenth, twenty twenty."},
       // Not a date: a version.
       {"version 1.2.3", "version one point two.three"},
   };
@@ -266,8 +266,10 @@ TEST(EnglishSpoken, Times) {
       {"12:00", "twelve o'clock"},
       {"0:45", "zero forty-five"},
       {"23:59", "twenty-three fifty-nine"},
-      {"14:10:30", "fourteen ten and thirty seconds"},
-      {"09:00:01", "nine hundred and one second"},
+      {"14:10:30", "fourteen hours ten minutes and thirty seconds"},
+      {"09:00:01", "nine hours and one second"},
+      {"1:01:05", "one hour one minute and five seconds"},
+      {"14:10:00", "fourteen ten"},
       // a.m. and p.m. in every spelling, with or without a blank.
       {"5pm", "five p m"},
       {"5 pm", "five p m"},

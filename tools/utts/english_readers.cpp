@@ -333,9 +333,10 @@ bool read_date_mdy(const std::string &text, std::string &out) {
   return read_date(text, "mdy", out);
 }
 
-// A numeric date of three numbers. Year first (2016-07-03) and dots
-// (15.01.2020) are read day first; slashes and hyphens month first, as in
-// American use, unless the first number cannot be a month (25/12/2020).
+// A numeric date of three numbers. Year first (2016-07-03) is read month
+// first; dots (15.01.2020) day first, as in European use; slashes and
+// hyphens month first, as in American use, unless the first number cannot
+// be a month (25/12/2020).
 bool read_numeric_date(const std::string &text, std::string &out) {
   std::vector<std::string> runs = digit_runs(text);
   if (runs.size() != 3) return false;
@@ -490,12 +491,12 @@ bool read_date(const std::string &text, const std::string &format, std::string &
     if (day != 0 || year.empty()) return false;
     return say_year(year, out);
   }
-  // The day is said first when it is written first (dmy), and after a
-  // year that comes first (ymd, as in 2026-11-21: "the twenty-first of
-  // November"); month first otherwise (mdy, md).
+  // The day is said first when it is written before the month (dmy: "the
+  // twenty-first of November"); otherwise the month comes first (mdy, and
+  // ymd as in 2026-11-21: "November twenty-first").
   const std::string f = lowered(format);
-  const size_t d = f.find('d'), m = f.find('m'), y = f.find('y');
-  const bool day_first = d != std::string::npos && (d < m || (y != std::string::npos && y < m));
+  const size_t d = f.find('d'), m = f.find('m');
+  const bool day_first = d != std::string::npos && d < m;
   if (day_first) return say_date_day_first(month, day, year, out);
   return say_date(month, day, year, out);
 }
@@ -597,27 +598,32 @@ bool parse_time(const std::string &text, TimeOfDay &time) {
   return true;
 }
 
-// "seven oh five p m", "eighteen o'clock". `shared_meridiem`: the hour
-// stands before a range whose end carries the a m or p m ("9-11 a.m."), so
-// it is said bare.
+// "seven oh five p m", "eighteen o'clock"; with seconds, each part named:
+// "fourteen hours ten minutes and thirty seconds", since a clock reading
+// ("fourteen ten") has no place for them. `shared_meridiem`: the hour stands
+// before a range whose end carries the a m or p m ("9-11 a.m."), so it is
+// said bare.
 void say_time(const TimeOfDay &time, bool shared_meridiem, std::string &out) {
   const long minute = time.minute.empty() ? 0 : digit_value(time.minute);
   const long second = time.second.empty() ? 0 : digit_value(time.second);
   std::string words;
   say_cardinal(time.hour, words);
-  if (minute == 0 && second == 0 && time.meridiem == nullptr && !shared_meridiem) {
+  if (second > 0) {
+    add_word(words, digit_value(time.hour) == 1 ? "hour" : "hours");
+    if (minute > 0) {
+      say_cardinal(time.minute, words);
+      add_word(words, minute == 1 ? "minute" : "minutes");
+    }
+    add_word(words, "and");
+    say_cardinal(time.second, words);
+    add_word(words, second == 1 ? "second" : "seconds");
+  } else if (minute == 0 && time.meridiem == nullptr && !shared_meridiem) {
     add_word(words, "o'clock");
   } else if (minute > 0 && minute < 10) {
     add_word(words, "oh");
     say_cardinal(time.minute, words);
   } else if (minute >= 10) {
     say_cardinal(time.minute, words);
-  }
-  if (second > 0) {
-    if (minute == 0) add_word(words, "hundred");
-    add_word(words, "and");
-    say_cardinal(time.second, words);
-    add_word(words, second == 1 ? "second" : "seconds");
   }
   if (time.meridiem != nullptr) add_word(words, time.meridiem);
   // A zone is read letter by letter: "E S T".

@@ -21,7 +21,7 @@ const ReaderEntry *english_readers();
 // Reads a say-as element: interpret-as cardinal (or number), ordinal,
 // digits, characters (or spell-out, letters), telephone, date (format mdy,
 // dmy, ymd, or any shorter combination of y, m and d; mdy by default; the
-// day is said first when it is written first or after the year) and time. Other values are refused,
+// day is said first when it is written before the month) and time. Other values are refused,
 // which leaves the element unchanged.
 int read_say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
                 const char *detail);
