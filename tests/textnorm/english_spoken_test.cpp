@@ -219,7 +219,8 @@ TEST(EnglishSpoken, DatesWithMonthNames) {
       {"Oct. 2019", "October twenty nineteen"},
       {"March, 1990", "March nineteen ninety"},
       // Words that are not months stay as they are.
-      {"you may 2 times", "you may two times"},
+      {"may 5, 2012", "May fifth, twenty twelve"},
+      {"may be 2 or 3", "may be two or three"},
       {"Mayor 5", "Mayor five"},
       {"Marching 2", "Marching two"},
   };
