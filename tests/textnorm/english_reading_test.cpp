@@ -200,6 +200,12 @@ TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
   EXPECT_FALSE(utts::read_time("7:61", out));
   EXPECT_FALSE(utts::read_time("7:30 xm", out));
   EXPECT_FALSE(utts::read_measure("5 parsecs", out));
+  EXPECT_FALSE(utts::read_measure("5 - - km", out));
+  EXPECT_FALSE(utts::read_money("$", out));
+  EXPECT_FALSE(utts::read_money("$5 dozen", out));
+  EXPECT_FALSE(utts::read_time("13 pm", out));
+  EXPECT_FALSE(utts::read_time("10:30 XYZ", out));
+  EXPECT_FALSE(utts::read_time_range("10:30", out));
   EXPECT_FALSE(utts::read_telephone("none", out));
   EXPECT_FALSE(utts::read_month_date("Smarch 3", out));
   EXPECT_EQ(out, "");  // a refusal writes nothing

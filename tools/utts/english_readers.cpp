@@ -101,7 +101,8 @@ bool split_range(const std::string &text, std::string &first, std::string &secon
       size_t from = text.find_first_not_of(' ', after);
       if (from == std::string::npos) from = text.size();
       size_t second_length = number_length(text.substr(from));
-      if (second_length > 0) {
+      // A sign alone is no second number ("5 - -").
+      if (second_length > 0 && text.find_first_of("0123456789", from) < from + second_length) {
         second = text.substr(from, second_length);
         length = from + second_length;
       }
