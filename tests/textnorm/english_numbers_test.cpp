@@ -40,7 +40,13 @@ TEST(EnglishNumbers, Readings) {
        "ninety-nine "
        "million nine hundred ninety-nine thousand nine hundred ninety-nine"},
       {card, "1234567890123456",
-       "one two three four five six seven eight nine zero one two three four five six"},
+       "one quadrillion two hundred thirty-four trillion five hundred sixty-seven billion eight "
+       "hundred ninety million one hundred twenty-three thousand four hundred fifty-six"},
+      {card, "1000000000000000000", "one quintillion"},
+      {card, "999000000000000000000", "nine hundred ninety-nine quintillion"},
+      {card, "1000000000000000000000",
+       "one zero zero zero zero zero zero zero zero zero zero zero zero zero zero zero zero zero "
+       "zero zero zero zero"},
       {card, "", nullptr},
       {card, "12a", nullptr},
       {card, "-1", nullptr},

@@ -116,7 +116,7 @@ TEST(EnglishReading, Sentences) {
       {"<say-as interpret-as=\"telephone\">+1 800 555 0100</say-as>",
        "+1 800 555 0100=plus one, eight zero zero, five five five, zero one zero zero"},
       {"<say-as interpret-as=\"date\" format=\"dmy\">21/11/2026</say-as>",
-       "21/11/2026=November twenty-first, twenty twenty-six"},
+       "21/11/2026=the twenty-first of November, twenty twenty-six"},
       {"<say-as interpret-as=\"date\" format=\"ymd\">2026.11.21</say-as>",
        "2026.11.21=November twenty-first, twenty twenty-six"},
       {"<say-as interpret-as=\"date\">11/21/26</say-as>",
@@ -200,6 +200,12 @@ TEST(EnglishReaders, RefuseWhatTheyCannotRead) {
   EXPECT_FALSE(utts::read_time("7:61", out));
   EXPECT_FALSE(utts::read_time("7:30 xm", out));
   EXPECT_FALSE(utts::read_measure("5 parsecs", out));
+  EXPECT_FALSE(utts::read_measure("5 - - km", out));
+  EXPECT_FALSE(utts::read_money("$", out));
+  EXPECT_FALSE(utts::read_money("$5 dozen", out));
+  EXPECT_FALSE(utts::read_time("13 pm", out));
+  EXPECT_FALSE(utts::read_time("10:30 XYZ", out));
+  EXPECT_FALSE(utts::read_time_range("10:30", out));
   EXPECT_FALSE(utts::read_telephone("none", out));
   EXPECT_FALSE(utts::read_month_date("Smarch 3", out));
   EXPECT_EQ(out, "");  // a refusal writes nothing

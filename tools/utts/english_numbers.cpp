@@ -1,6 +1,6 @@
 // english_numbers.cpp - number words for American English: no "and" inside
 // numbers, hyphens in twenty-one .. ninety-nine, short scale (million, billion,
-// trillion).
+// trillion, up to quintillion).
 #include "utts/english_numbers.h"
 
 #include "bsr_cstr.h"
@@ -16,8 +16,9 @@ const char *const kOnes[] = {"zero",    "one",     "two",       "three",    "fou
                              "fifteen", "sixteen", "seventeen", "eighteen", "nineteen"};
 const char *const kTens[] = {"",      "",      "twenty",  "thirty", "forty",
                              "fifty", "sixty", "seventy", "eighty", "ninety"};
-const char *const kScales[] = {"", "thousand", "million", "billion", "trillion"};
-constexpr size_t kMaxCardinalDigits = 15;
+const char *const kScales[] = {"",         "thousand",    "million",    "billion",
+                               "trillion", "quadrillion", "quintillion"};
+constexpr size_t kMaxCardinalDigits = 21;
 
 // Irregular ordinal forms of the last word of a cardinal.
 struct OrdinalForm {

@@ -12,8 +12,8 @@ void add_word(std::string &out, const std::string &word);
 
 // The cardinal reading of a string of ASCII digits ("1234" -> "one thousand
 // two hundred thirty-four"). Leading zeros are ignored; numbers of more than
-// fifteen digits are read digit by digit. False for an empty or non-digit
-// string.
+// twenty-one digits (beyond the quintillions) are read digit by digit. False for an empty or
+// non-digit string.
 bool say_cardinal(const std::string &digits, std::string &out);
 
 // Digit by digit ("2026" -> "two zero two six"); non-digits are skipped.

@@ -20,8 +20,9 @@ const ReaderEntry *english_readers();
 
 // Reads a say-as element: interpret-as cardinal (or number), ordinal,
 // digits, characters (or spell-out, letters), telephone, date (format mdy,
-// dmy, ymd, or any shorter combination of y, m and d; mdy by default) and
-// time. Other values are refused, which leaves the element unchanged.
+// dmy, ymd, or any shorter combination of y, m and d; mdy by default; the
+// day is said first when it is written before the month) and time. Other values are refused,
+// which leaves the element unchanged.
 int read_say_as(const char *text, CStr *out, const char *interpret_as, const char *format,
                 const char *detail);
 
@@ -31,6 +32,7 @@ bool read_money(const std::string &text, std::string &out);
 bool read_date(const std::string &text, const std::string &format, std::string &out);
 bool read_month_date(const std::string &text, std::string &out);
 bool read_time(const std::string &text, std::string &out);
+bool read_time_range(const std::string &text, std::string &out);
 bool read_telephone(const std::string &text, std::string &out);
 bool read_measure(const std::string &text, std::string &out);
 bool read_characters(const std::string &text, std::string &out);
