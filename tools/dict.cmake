@@ -1,0 +1,40 @@
+# dict.cmake - the dictionary commands of utts (compile-dict, segment) and
+# the sample Chinese dictionary the build makes with them: the word list of
+# Debian's python3-jieba turned into a lexicon (data/zh/jieba_lexicon.py),
+# with the committed class list and class-pair table (data/zh/, estimated by
+# data/zh/make_class_pairs.py).
+target_sources(utts PRIVATE
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/compile_dict_command.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/dict_source.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/segment_command.cpp)
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+find_file(UTILS_JIEBA_DICT dict.txt
+  PATHS /usr/lib/python3/dist-packages/jieba NO_DEFAULT_PATH
+  DOC "python3-jieba's word list (Debian package python3-jieba)")
+if(NOT UTILS_JIEBA_DICT)
+  message(FATAL_ERROR "python3-jieba's dict.txt not found: install python3-jieba "
+                      "(scripts/install-deps.sh) or set UTILS_JIEBA_DICT")
+endif()
+
+set(UTILS_ZH_DATA ${CMAKE_SOURCE_DIR}/data/zh)
+set(UTILS_SAMPLE_LEXICON ${CMAKE_BINARY_DIR}/data/zh_lexicon.txt)
+set(UTILS_SAMPLE_DICT ${CMAKE_BINARY_DIR}/data/zh.dic)
+add_custom_command(
+  OUTPUT ${UTILS_SAMPLE_LEXICON}
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/data
+  COMMAND ${Python3_EXECUTABLE} ${UTILS_ZH_DATA}/jieba_lexicon.py ${UTILS_JIEBA_DICT}
+          ${UTILS_SAMPLE_LEXICON}
+  DEPENDS ${UTILS_ZH_DATA}/jieba_lexicon.py ${UTILS_JIEBA_DICT}
+  COMMENT "Making the sample Chinese lexicon from jieba's word list"
+  VERBATIM)
+add_custom_command(
+  OUTPUT ${UTILS_SAMPLE_DICT}
+  COMMAND utts compile-dict -c ${UTILS_ZH_DATA}/classes.txt -p ${UTILS_ZH_DATA}/class_pairs.txt
+          -l ${UTILS_ZH_DATA}/punctuation.txt -l ${UTILS_SAMPLE_LEXICON} -o ${UTILS_SAMPLE_DICT}
+  DEPENDS utts ${UTILS_SAMPLE_LEXICON} ${UTILS_ZH_DATA}/classes.txt
+          ${UTILS_ZH_DATA}/class_pairs.txt ${UTILS_ZH_DATA}/punctuation.txt
+  COMMENT "Compiling the sample Chinese dictionary"
+  VERBATIM)
+add_custom_target(sample_dict ALL DEPENDS ${UTILS_SAMPLE_DICT})
+target_compile_definitions(utts PRIVATE UTTS_SAMPLE_DICT="${UTILS_SAMPLE_DICT}")
