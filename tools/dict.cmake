@@ -38,3 +38,9 @@ add_custom_command(
   VERBATIM)
 add_custom_target(sample_dict ALL DEPENDS ${UTILS_SAMPLE_DICT})
 target_compile_definitions(utts PRIVATE UTTS_SAMPLE_DICT="${UTILS_SAMPLE_DICT}")
+
+if(UTILS_TESTS)
+  add_test(NAME utts_dict
+           COMMAND ${CMAKE_SOURCE_DIR}/tests/dict/utts_dict_test.sh $<TARGET_FILE:utts>
+                   ${UTILS_SAMPLE_DICT})
+endif()
