@@ -6,10 +6,11 @@ ASAN_BUILD ?= build-asan
 BENCH_BUILD?= build-bench
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
+FUZZ_RUNS  ?=
 JOBS       ?= $(shell nproc)
 CMAKE_GEN  := -G Ninja
 
-.PHONY: all deps check-style test test-plain test-asan bench fuzz demo clean
+.PHONY: all deps check-style test test-plain test-asan test-valgrind bench fuzz demo clean
 
 all: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo
@@ -48,11 +49,14 @@ fuzz: deps
 	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DUTILS_FUZZ=ON -DUTILS_TESTS=OFF
 	cmake --build $(FUZZ_BUILD) -j $(JOBS)
-	@set -e; for f in $(FUZZ_BUILD)/fuzz/fuzz_*; do \
-	  [ -x "$$f" ] || continue; name=$$(basename $$f); corpus=$(FUZZ_BUILD)/corpus/$$name; \
-	  mkdir -p $$corpus; seeds=fuzz/seeds/$$name; [ -d $$seeds ] || seeds=; \
-	  echo "== $$name ($(FUZZ_SECONDS) s)"; \
-	  $$f -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 -artifact_prefix=$(FUZZ_BUILD)/ $$corpus $$seeds; done
+	./scripts/run-fuzz.sh $(FUZZ_BUILD) $(FUZZ_SECONDS) $(FUZZ_RUNS)
+
+# The plain test programs under valgrind's memcheck, which also sees reads by
+# the uninstrumented dependencies; any error fails the run.
+test-valgrind: deps
+	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DUTILS_BENCH=ON
+	cmake --build $(BUILD) -j $(JOBS)
+	./scripts/run-valgrind.sh $(BUILD)
 
 demo: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo

@@ -7,9 +7,10 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 #include "NLP/NLP_TextNorm/hreplacer_class.h"
+#include "Utils/Markup/mxml_safe.h"
+#include "guarded_input.h"
 #include "hconverter.h"
 #include "hreplacer.h"
 
@@ -67,20 +68,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const char *bytes = reinterpret_cast<const char *>(data);
   const char *nul = static_cast<const char *>(std::memchr(bytes, 0, size));
   size_t rules_size = nul != nullptr ? static_cast<size_t>(nul - bytes) : size;
-  std::string document =
-      nul != nullptr ? std::string(nul + 1, size - rules_size - 1) : std::string();
-  document = document.c_str();  // up to an embedded NUL, as Mini-XML reads it
-
   HReplacer *replacer = HReplacer_create();
-  HReplacer_addRuleSet(replacer, bytes, static_cast<int>(rules_size));
+  HReplacer_addRuleSet(replacer, fuzz_support::guarded_c_string(data, rules_size),
+                       static_cast<int>(rules_size));
+  // The document after the rules, up to a zero byte, ends at an unreadable page.
+  const char *document = nul != nullptr ? fuzz_support::guarded_c_string(data + rules_size + 1,
+                                                                         size - rules_size - 1, 1)
+                                        : "";
   HConverter *converter = make_converter();
 
   // Parsed under a holder node: Mini-XML frees a half-built tree on a parse
   // error only when it has a parent to hang it on.
   mxml_node_t *tree = mxmlNewElement(MXML_NO_PARENT, "holder");
-  if (mxmlLoadString(tree, document.c_str(), MXML_OPAQUE_CALLBACK) == nullptr) {
+  if (utils::markup::load_string_safely(tree, document, MXML_OPAQUE_CALLBACK) == nullptr) {
     mxmlDelete(tree);
-    tree = replacer->replace_text(document.c_str());
+    tree = replacer->replace_text(document);
   } else {
     HReplacer_replace(replacer, tree);
   }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "guarded_input.h"
 #include "hreplacer.h"
 
 namespace {
@@ -24,8 +25,8 @@ int line_count(const uint8_t *data, size_t size) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > 1 << 16) return 0;
   HReplacer *replacer = HReplacer_create();
-  int rejected =
-      HReplacer_addRuleSet(replacer, reinterpret_cast<const char *>(data), static_cast<int>(size));
+  const auto *text = reinterpret_cast<const char *>(fuzz_support::guarded_bytes(data, size));
+  int rejected = HReplacer_addRuleSet(replacer, text, static_cast<int>(size));
   if (rejected < 0 || rejected > line_count(data, size)) __builtin_trap();
   mxml_node_t *tree = mxmlLoadString(nullptr, kDocument, MXML_OPAQUE_CALLBACK);
   HReplacer_replace(replacer, tree);

@@ -5,8 +5,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include <string>
-
+#include "guarded_input.h"
 #include "ssml_io.h"
 #include "ssml_tags.h"
 #include "utt_walk.h"
@@ -58,10 +57,11 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-  // The loader reads a zero-terminated string: a zero byte ends the document.
-  std::string text(reinterpret_cast<const char *>(data), size);
+  // The loader reads a zero-terminated string: a zero byte ends the document,
+  // and that zero is the last byte before an unreadable page.
+  const char *text = fuzz_support::guarded_c_string(data, size);
   utterance *u = new_utterance();
-  if (utt_load_ssml(u, text.c_str())) exercise(u);
+  if (utt_load_ssml(u, text)) exercise(u);
   delete_utterance(u);
   return 0;
 }

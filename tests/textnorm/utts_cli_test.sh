@@ -67,6 +67,11 @@ expect_error() {  # expect_error NAME PATTERN ARGS... (input from $work/stdin)
 
 printf 'bad \303( text' > "$work/stdin"
 expect_error "not UTF-8" "standard input cannot be read as UTF-8 text" normalize
+# The bytes FE and FF would send Mini-XML's reader past the end of the text.
+cp "$(dirname "$0")/../data/markup/mxml-overread.ssml" "$work/stdin"
+expect_error "a byte FE or FF" "standard input cannot be read as UTF-8 text" normalize
+printf 'plain \377\376 text' > "$work/stdin"
+expect_error "FF FE in plain text" "standard input cannot be read as UTF-8 text" normalize
 expect_error "lang without a tag" "option '--lang' needs a language tag" normalize --lang
 expect_error "missing file" "cannot read '$work/none.ssml'" normalize "$work/none.ssml"
 printf 'ok\t"x"\n(bad\t"x"\n' > "$work/bad.rules"

@@ -125,6 +125,13 @@ mxml_node_t *find_speak(mxml_node_t *tree) {
 // text is rejected, with Mini-XML's first complaint in g_parse_error.
 mxml_node_t *parse(const std::string &text) {
   g_parse_error.clear();
+  // Mini-XML's string reader takes the byte FE or FF for a UTF-16 byte order
+  // mark wherever it stands and then reads past the end of the text. Neither
+  // byte occurs in UTF-8, so such text is refused before Mini-XML sees it.
+  if (text.find_first_of("\xFE\xFF") != std::string::npos) {
+    g_parse_error = "it holds the byte FE or FF, which UTF-8 text never does";
+    return nullptr;
+  }
   mxmlSetErrorCallback(keep_parse_error);
   mxml_node_t *holder = mxmlNewElement(MXML_NO_PARENT, "document");
   if (holder == nullptr) {

@@ -37,12 +37,7 @@ inline size_t at_least_one(uint32_t size) { return size == 0 ? 1 : size; }
 #define UTILS_BLOCK_CACHE 1
 #endif
 
-constexpr size_t kClassBytes = 16;
 constexpr size_t kClasses = 4;  // 16, 32, 48 and 64 bytes
-constexpr int kBlocksPerClass = 32;
-
-// The class of a size (0 for 1..16 bytes ...), kClasses when too large.
-inline size_t class_of(size_t n) { return (n - 1) / kClassBytes; }
 
 struct FreeBlock {
   FreeBlock *next;
@@ -57,6 +52,12 @@ struct BlockCache {
 };
 
 #if UTILS_BLOCK_CACHE
+constexpr size_t kClassBytes = 16;
+constexpr int kBlocksPerClass = 32;
+
+// The class of a size (0 for 1..16 bytes ...), kClasses when too large.
+inline size_t class_of(size_t n) { return (n - 1) / kClassBytes; }
+
 __attribute__((tls_model("initial-exec"))) thread_local BlockCache block_cache;
 
 pthread_key_t exit_key;
@@ -66,7 +67,7 @@ pthread_once_t exit_key_once = PTHREAD_ONCE_INIT;
 // reachable until the process ends).
 void release_cache(void *) {
   for (size_t c = 0; c < kClasses; ++c) {
-    while (FreeBlock *b = block_cache.heads[c]) {
+    for (FreeBlock *b = block_cache.heads[c]; b != nullptr; b = block_cache.heads[c]) {
       block_cache.heads[c] = b->next;
       std::free(header_of(b));
     }
