@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "fenced_input.h"
+#include "guarded_input.h"
 #include "nlp_dict.h"
 
 namespace {
@@ -33,11 +33,11 @@ std::u16string spelled(NLPDIC_Node *head, const char16_t *separator) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > (1u << 20)) return 0;
-  fuzz_support::FencedInput image(data, size);
-  const uint32_t fault = NLPDIC_Check(image.data(), static_cast<uint32_t>(size));
+  const unsigned char *image = fuzz_support::guarded_bytes(data, size);
+  const uint32_t fault = NLPDIC_Check(image, static_cast<uint32_t>(size));
   check(fault <= (size == 0 ? 1 : size));
   if (fault != 0) return 0;
-  NLPDIC *dict = NLPDIC_Create(image.data());
+  NLPDIC *dict = NLPDIC_Create(image);
   if (dict == nullptr) return 0;
   NLPDIC_GetDefaultID(dict);
   const char16_t *texts[] = {u"a", u"ab", u"abcdefgh", u"\u4EAC\u5317\u6211\u7231", u"zz a zz"};

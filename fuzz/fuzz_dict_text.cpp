@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "fenced_input.h"
+#include "guarded_input.h"
 #include "nlp_dict.h"
 #include "utts/dict_source.h"
 
@@ -91,11 +91,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   std::vector<uint8_t> bytes(data, data + units * 2);
   bytes.push_back(0);
   bytes.push_back(0);
-  fuzz_support::FencedInput fenced(bytes.data(), bytes.size());
+  const unsigned char *fenced = fuzz_support::guarded_bytes(bytes.data(), bytes.size());
   std::u16string text;
   for (size_t k = 0; k < units; ++k)
     text += static_cast<char16_t>(data[2 * k] | data[2 * k + 1] << 8);
-  const auto *wide = reinterpret_cast<const bsr_wchar *>(fenced.data());
+  const auto *wide = reinterpret_cast<const bsr_wchar *>(fenced);
 
   NLPDIC_Node *head = NLPDIC_DictBreak(g_dict, wide, 1);
   check((head == nullptr) == text.empty());

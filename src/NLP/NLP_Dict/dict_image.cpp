@@ -36,7 +36,7 @@ NLPDIC_ClassTable *make_class_table(const uint8_t *body) {
   const uint8_t *name = t->Names;
   for (const uint8_t *code = t->Codes; code < t->CodesEnd; ++code) {
     if (name == nullptr) break;
-    if (t->name_at[*code] == 0 && *code < 255)
+    if (*code < 255 && t->name_at[*code] == 0)
       t->name_at[*code] = static_cast<uint32_t>(name - t->Names) + 1;
     const uint8_t *p = name;
     while (p + 1 < t->NamesEnd && read_u16(p) != 0) p += 2;
