@@ -1,6 +1,9 @@
-# sources.cmake - parameter streams and MLPG, and the DSP lookup tables.
+# sources.cmake - model sections, parameter streams and MLPG, and the DSP
+# lookup tables.
 target_sources(UtilsObjects PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/dsp_tables.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/hts_model.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/hts_model_check.cpp
   ${CMAKE_CURRENT_LIST_DIR}/mlpg.cpp
   ${CMAKE_CURRENT_LIST_DIR}/mlpg_plan.cpp
   ${CMAKE_CURRENT_LIST_DIR}/pstream.cpp
