@@ -77,7 +77,7 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     std::abort();
   }
   g_image = utts::compile_dict(source);
-  check(NLPDIC_Check(g_image.data(), static_cast<uint32_t>(g_image.size())) == 0);
+  check(NLPDIC_Check(g_image.data(), g_image.size()) == 0);
   g_dict = NLPDIC_Create(g_image.data());
   check(g_dict != nullptr);
   return 0;

@@ -67,7 +67,7 @@ typedef struct NLPDIC {
  * image, else the byte offset of the first fault. Offset 0 cannot be told
  * from soundness, so a fault there (a null or empty image, an unknown first
  * keyword) is reported as 1. */
-UTILS_API uint32_t NLPDIC_Check(const void *image, uint32_t size);
+UTILS_API size_t NLPDIC_Check(const void *image, size_t size);
 
 /* Parses the image in place. Null for a null image or exhausted memory. */
 UTILS_API NLPDIC *NLPDIC_Create(const void *image);

@@ -6,7 +6,8 @@
 target_sources(utts PRIVATE
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/compile_dict_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/dict_source.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/segment_command.cpp)
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/segment_command.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/breaks_command.cpp)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 find_file(UTILS_JIEBA_DICT dict.txt
@@ -28,12 +29,27 @@ add_custom_command(
   DEPENDS ${UTILS_ZH_DATA}/jieba_lexicon.py ${UTILS_JIEBA_DICT}
   COMMENT "Making the sample Chinese lexicon from jieba's word list"
   VERBATIM)
+# The phrase-break and stress models: small trees written from linguistic
+# rules (data/zh/*.model), compiled and embedded.
+foreach(model phrase_break stress)
+  add_custom_command(
+    OUTPUT ${CMAKE_BINARY_DIR}/data/zh_${model}.img
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/data
+    COMMAND utts compile-model -o ${CMAKE_BINARY_DIR}/data/zh_${model}.img
+            ${UTILS_ZH_DATA}/${model}.model
+    DEPENDS utts ${UTILS_ZH_DATA}/${model}.model
+    COMMENT "Compiling the sample ${model} model"
+    VERBATIM)
+endforeach()
 add_custom_command(
   OUTPUT ${UTILS_SAMPLE_DICT}
   COMMAND utts compile-dict -c ${UTILS_ZH_DATA}/classes.txt -p ${UTILS_ZH_DATA}/class_pairs.txt
-          -l ${UTILS_ZH_DATA}/punctuation.txt -l ${UTILS_SAMPLE_LEXICON} -o ${UTILS_SAMPLE_DICT}
+          -l ${UTILS_ZH_DATA}/punctuation.txt -l ${UTILS_SAMPLE_LEXICON}
+          --phrase-break ${CMAKE_BINARY_DIR}/data/zh_phrase_break.img
+          --stress ${CMAKE_BINARY_DIR}/data/zh_stress.img -o ${UTILS_SAMPLE_DICT}
   DEPENDS utts ${UTILS_SAMPLE_LEXICON} ${UTILS_ZH_DATA}/classes.txt
           ${UTILS_ZH_DATA}/class_pairs.txt ${UTILS_ZH_DATA}/punctuation.txt
+          ${CMAKE_BINARY_DIR}/data/zh_phrase_break.img ${CMAKE_BINARY_DIR}/data/zh_stress.img
   COMMENT "Compiling the sample Chinese dictionary"
   VERBATIM)
 add_custom_target(sample_dict ALL DEPENDS ${UTILS_SAMPLE_DICT})

@@ -29,8 +29,9 @@ const char kUsage[] =
     "           file order; \"range L MAX MIN\" fixes the score range of words\n"
     "           of length L (by default that of their scores)\n"
     "A SOURCE holds any of the three, each part after a line \"[classes]\",\n"
-    "\"[pairs]\" or \"[words]\" (the form \"utts dump\" writes). Sources are\n"
-    "read in the order -c, -p, -l, then SOURCE files.\n"
+    "\"[pairs]\" or \"[words]\", and models in the readable form of \"utts\n"
+    "compile-model\" after \"[phrase_break]\" or \"[stress]\" (the form \"utts\n"
+    "dump\" writes). Classes are read first, then the rest in the order given.\n"
     "\n"
     "Options:\n"
     "  --phrase-break MODEL  embed a compiled phrase-break model\n"
@@ -86,6 +87,7 @@ int run_compile_dict(int argc, char **argv) {
     if (!read_all(file, text, error)) return fail(error);
     if (!read_dict_source(text, file, section, source, error)) return fail(error);
   }
+  if (!encode_models(source, error)) return fail(error);
   if (source.classes.empty()) return fail("no classes given");
   if (source.default_class.empty()) return fail("no default class given (a line: default NAME)");
   for (auto [file, into] :
@@ -95,7 +97,7 @@ int run_compile_dict(int argc, char **argv) {
     into->assign(text.begin(), text.end());
   }
   const std::vector<uint8_t> image = compile_dict(source);
-  if (const uint32_t fault = NLPDIC_Check(image.data(), static_cast<uint32_t>(image.size()));
+  if (const size_t fault = NLPDIC_Check(image.data(), image.size());
       fault != 0)
     return fail("the compiled image is not sound at offset " + std::to_string(fault) +
                 " (a model file that is not a compiled model?)");

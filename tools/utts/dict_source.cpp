@@ -7,6 +7,10 @@
 #include <cstring>
 #include <sstream>
 
+#include "nlp_dict.h"
+#include "utts/image_kinds.h"
+#include "utts/model_text.h"
+
 namespace utts {
 
 namespace {
@@ -82,11 +86,6 @@ std::vector<uint8_t> model_body(const std::vector<uint8_t> &model, const char *k
   return body;
 }
 
-std::string format_float(double v) {
-  char buf[40];
-  std::snprintf(buf, sizeof buf, "%.9g", v);
-  return buf;
-}
 
 }  // namespace
 
@@ -155,17 +154,23 @@ bool read_dict_source(const std::string &text, const std::string &where, std::st
   for (int number = 1; std::getline(in, line); ++number) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     const std::vector<std::string> f = fields_of(line);
-    if (f.empty() || f[0][0] == '#') continue;
     auto fail = [&](const std::string &why) {
       error = where + ":" + std::to_string(number) + ": " + why;
       return false;
     };
     if (f.size() == 1 && f[0].size() > 2 && f[0].front() == '[' && f[0].back() == ']') {
       section = f[0].substr(1, f[0].size() - 2);
-      if (section != "classes" && section != "pairs" && section != "words")
+      if (section != "classes" && section != "pairs" && section != "words" &&
+          section != "phrase_break" && section != "stress")
         return fail("unknown section " + f[0]);
       continue;
     }
+    // Model text keeps its own lexical rules; it is handed on line by line.
+    if (section == "phrase_break" || section == "stress") {
+      (section == "stress" ? source.stress_text : source.phrase_break_text) += line + "\n";
+      continue;
+    }
+    if (f.empty() || f[0][0] == '#') continue;
     auto class_code = [&](const std::string &name, unsigned &code) {
       auto it = code_of.find(name);
       if (it == code_of.end()) return false;
@@ -225,6 +230,26 @@ bool read_dict_source(const std::string &text, const std::string &where, std::st
     }
     code = it->second;
     source.default_code = code;
+  }
+  return true;
+}
+
+bool encode_models(DictSource &source, std::string &error) {
+  const struct {
+    const char *name;
+    const std::string &text;
+    std::vector<uint8_t> &image;
+  } models[] = {{"phrase_break", source.phrase_break_text, source.phrase_break},
+                {"stress", source.stress_text, source.stress}};
+  for (const auto &m : models) {
+    if (m.text.empty()) continue;
+    ModelText model;
+    std::string bytes;
+    if (!parse_model(m.text, model, error) || !encode_model(model, bytes, error)) {
+      error = std::string("[") + m.name + "] " + error;
+      return false;
+    }
+    m.image.assign(bytes.begin(), bytes.end());
   }
   return true;
 }
@@ -330,9 +355,8 @@ std::vector<uint8_t> compile_dict(const DictSource &source) {
   return image;
 }
 
-bool dump_dict(const std::vector<uint8_t> &image, std::string &text, DictSource &models,
-               std::string &error) {
-  std::string classes = "[classes]\n", pairs = "[pairs]\n", words = "[words]\n";
+bool dump_dict(const std::vector<uint8_t> &image, std::string &text, std::string &error) {
+  std::string classes = "[classes]\n", pairs = "[pairs]\n", words = "[words]\n", models;
   std::map<unsigned, std::string> name_of;
   size_t at = 0;
   auto keyword = [&](size_t &p) {
@@ -341,7 +365,6 @@ bool dump_dict(const std::vector<uint8_t> &image, std::string &text, DictSource 
     return k;
   };
   for (;;) {
-    const size_t start = at;
     const std::string k = keyword(at);
     if (k == "NLP_END") break;
     if (k == "MONOGRAM") {
@@ -422,25 +445,43 @@ bool dump_dict(const std::vector<uint8_t> &image, std::string &text, DictSource 
       at = body + get_u32(image, at + 4);
     } else if (k == "PHRASEBREAK" || k == "STRESS") {
       const uint32_t size = get_u32(image, at);
-      // The body as this tool writes it: header, keyword, model, "end".
-      size_t p = at + 8;
-      for (int s = 0; s < 3; ++s) p += std::strlen(reinterpret_cast<const char *>(&image[p])) + 1;
-      p = start + ((p - start + 3) & ~size_t{3});
-      keyword(p);
       const size_t end = at + size;
-      size_t model_end = end;
-      if (end >= 4 + p && std::memcmp(&image[end - 4], "end", 4) == 0) model_end = end - 4;
-      std::vector<uint8_t> &out = k == "STRESS" ? models.stress : models.phrase_break;
-      out.assign(image.begin() + static_cast<long>(p),
-                 image.begin() + static_cast<long>(model_end));
+      // The body as this tool writes it: the header with its strings, one
+      // model under its keyword, "end".
+      const std::vector<uint8_t> written = model_body({}, k == "STRESS" ? "SentenceStress" : "phrase_break");
+      const size_t header = written.size() - 4;  // up to the model
+      if (size < 4 + header + 4 ||
+          std::memcmp(&image[at + 4], written.data(), header) != 0) {
+        error = "a model section this tool could not have written";
+        return false;
+      }
+      ModelText model;
+      const size_t used = decode_model(&image[at + 4 + header], model);
+      const size_t after = at + 4 + header + ((used + 3) & ~size_t{3});
+      if (after + 4 != end || std::memcmp(&image[after], "end", 4) != 0) {
+        error = "a model section this tool could not have written";
+        return false;
+      }
+      models += (k == "STRESS" ? "[stress]\n" : "[phrase_break]\n") + print_model(model);
       at = end;
     } else {
       error = "unknown section " + k;
       return false;
     }
   }
-  text = "# Dictionary written by utts dump\n" + classes + pairs + words;
+  text = "# Dictionary written by utts dump\n" + classes + pairs + words + models;
   return true;
+}
+
+bool recognise_dict(const std::string &image) {
+  return !image.empty() && NLPDIC_Check(image.data(), image.size()) == 0;
+}
+
+std::string dump_dict_image(const std::string &image) {
+  std::string text, error;
+  if (!dump_dict(std::vector<uint8_t>(image.begin(), image.end()), text, error))
+    return "# not a dictionary this tool writes: " + error + "\n";
+  return text;
 }
 
 }  // namespace utts

@@ -13,6 +13,8 @@
 //   [words]    WORD CLASS SCORE one reading; a word's readings in file order
 //              range L MAX MIN  the score range of words of length L (by
 //                               default the range of their readings' scores)
+//   [phrase_break], [stress]    a model section in the readable form of
+//                               "utts compile-model", to the next section
 #ifndef UTILS_UTTS_DICT_SOURCE_H
 #define UTILS_UTTS_DICT_SOURCE_H
 
@@ -45,9 +47,14 @@ struct DictSource {
   std::vector<Pair> pairs;
   std::map<std::u16string, std::vector<Reading>> words;  // code-unit order
   std::map<uint32_t, Range> ranges;
-  // Model section bodies to embed, as read from compiled model files.
+  // Compiled model sections to embed, and models in readable form (to be
+  // compiled by encode_models).
   std::vector<uint8_t> phrase_break, stress;
+  std::string phrase_break_text, stress_text;
 };
+
+// Compiles the models given in readable form. False with a message.
+bool encode_models(DictSource &source, std::string &error);
 
 // Reads one text (`section` is the section it starts in: "", "classes",
 // "pairs" or "words"). Classes must come before the pairs and words that
@@ -58,11 +65,9 @@ bool read_dict_source(const std::string &text, const std::string &where, std::st
 // The image of a source.
 std::vector<uint8_t> compile_dict(const DictSource &source);
 
-// The text of an image NLPDIC_Check accepted (its models, if any, in
-// `source.phrase_break` and `source.stress`). False with a message when the
-// image is not one this tool could have written.
-bool dump_dict(const std::vector<uint8_t> &image, std::string &text, DictSource &models,
-               std::string &error);
+// The text of an image NLPDIC_Check accepted, models included. False with
+// a message when the image is not one this tool could have written.
+bool dump_dict(const std::vector<uint8_t> &image, std::string &text, std::string &error);
 
 std::u16string utf8_to_utf16(const std::string &s);
 std::string utf16_to_utf8(const std::u16string &s);

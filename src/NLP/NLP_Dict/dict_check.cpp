@@ -26,13 +26,13 @@ constexpr uint32_t kMaxWordLength = 4096;
 
 class Checker {
  public:
-  Checker(const uint8_t *image, uint32_t size) : image_(image), size_(size) {}
+  Checker(const uint8_t *image, uint64_t size) : image_(image), size_(size) {}
 
   // 0 when sound, else the fault's offset (0 reported as 1).
-  uint32_t run() {
+  size_t run() {
     const uint64_t fault = walk();
     if (fault == kSound) return 0;
-    return fault == 0 ? 1 : static_cast<uint32_t>(fault);
+    return fault == 0 ? 1 : static_cast<size_t>(fault);
   }
 
  private:
@@ -191,18 +191,16 @@ class Checker {
   // The bytes of a model that starts at `model` and is sound within
   // `bytes`, or 0.
   static uint64_t model_size(const uint8_t *model, uint64_t bytes) {
-    (void)model;
-    (void)bytes;
-    return 0;
+    return checked_model_size(model, static_cast<size_t>(bytes));
   }
 
   const uint8_t *image_;
-  uint32_t size_;
+  uint64_t size_;
 };
 
 }  // namespace
 }  // namespace utils::nlpdict
 
-extern "C" UTILS_API uint32_t NLPDIC_Check(const void *image, uint32_t size) {
+extern "C" UTILS_API size_t NLPDIC_Check(const void *image, size_t size) {
   return utils::nlpdict::Checker(static_cast<const uint8_t *>(image), size).run();
 }

@@ -10,14 +10,14 @@ namespace {
 
 uint32_t pad4(uint32_t n) { return (n + 3) & ~3u; }
 
-// The model of one sub-section, and the bytes it took.
-void *create_model(const uint8_t *image, int32_t *consumed) {
-  *consumed = 0;
-  (void)image;
-  return nullptr;
+HTSModel *create_model(const uint8_t *image, int32_t *consumed) {
+  int taken = 0;
+  HTSModel *model = HTSModel_Create(image, &taken);
+  *consumed = taken;
+  return model;
 }
 
-void destroy_model(void *model) { (void)model; }
+void destroy_model(HTSModel *model) { HTSModel_Destroy(model); }
 
 }  // namespace
 
@@ -33,7 +33,7 @@ ModelHolder *create_model_holder(const uint8_t *body, const char *keyword) {
     if (bsr_strcmp(name, keyword) != 0) break;
     at = pad4(at + bsr_strlen(name) + 1);
     int32_t consumed = 0;
-    void *model = create_model(body + at, &consumed);
+    HTSModel *model = create_model(body + at, &consumed);
     if (model == nullptr) break;
     // A repeated sub-section replaces the earlier model, which is released.
     destroy_model(holder->model);
@@ -59,6 +59,26 @@ uint32_t model_body_header(const uint8_t *body, uint32_t size) {
   }
   at = pad4(at);
   return at <= size ? at : 0;
+}
+
+}  // namespace utils::nlpdict
+
+namespace utils::nlpdict {
+
+size_t checked_model_size(const uint8_t *model, size_t size) {
+  // A section that is sound within n bytes is sound within any more, and
+  // the check reads up to its final padding: the least sound n is the
+  // section's own size. Found without building the model.
+  if (HTSModel_Check(model, size) != 0) return 0;
+  size_t lo = 1, hi = size;
+  while (lo < hi) {
+    const size_t mid = lo + (hi - lo) / 2;
+    if (HTSModel_Check(model, mid) == 0)
+      hi = mid;
+    else
+      lo = mid + 1;
+  }
+  return hi;
 }
 
 }  // namespace utils::nlpdict
