@@ -48,7 +48,8 @@ std::string jieba_lexicon(const std::string &text) {
   std::string out = "[words]\n";
   char score[32];
   for (const auto &e : entries) {
-    std::snprintf(score, sizeof score, "%.6f", std::log(static_cast<double>(e.second.first) / total));
+    std::snprintf(score, sizeof score, "%.6f",
+                  std::log(static_cast<double>(e.second.first) / total));
     out += e.first + "\t" + e.second.second + "\t" + score + "\n";
   }
   return out;
@@ -63,15 +64,14 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
   utts::DictSource source;
   std::string error;
   const std::string data = UTILS_ZH_DATA;
-  const bool ok =
-      utts::read_dict_source(read_file(data + "/classes.txt"), "classes", "classes", source,
-                             error) &&
-      utts::read_dict_source(read_file(data + "/class_pairs.txt"), "pairs", "pairs", source,
-                             error) &&
-      utts::read_dict_source(read_file(data + "/punctuation.txt"), "punctuation", "words", source,
-                             error) &&
-      utts::read_dict_source(jieba_lexicon(read_file(UTILS_JIEBA_DICT)), "jieba", "words", source,
-                             error);
+  const bool ok = utts::read_dict_source(read_file(data + "/classes.txt"), "classes", "classes",
+                                         source, error) &&
+                  utts::read_dict_source(read_file(data + "/class_pairs.txt"), "pairs", "pairs",
+                                         source, error) &&
+                  utts::read_dict_source(read_file(data + "/punctuation.txt"), "punctuation",
+                                         "words", source, error) &&
+                  utts::read_dict_source(jieba_lexicon(read_file(UTILS_JIEBA_DICT)), "jieba",
+                                         "words", source, error);
   if (!ok) {
     std::fprintf(stderr, "fuzz_dict_text: %s\n", error.c_str());
     std::abort();

@@ -122,12 +122,13 @@ int run_breaks(int argc, char **argv) {
   std::FILE *f = output == "-" ? stdout : std::fopen(output.c_str(), "wb");
   if (f == nullptr) return fail("cannot write '" + output + "'");
   const bool written = std::fwrite(out.data(), 1, out.size(), f) == out.size();
-  if ((f != stdout && std::fclose(f) != 0) || !written) return fail("cannot write '" + output + "'");
+  if ((f != stdout && std::fclose(f) != 0) || !written)
+    return fail("cannot write '" + output + "'");
   return 0;
 }
 
-const Command kCommand = {"breaks", "segment text and mark prosodic-word and phrase breaks",
-                          kUsage, run_breaks};
+const Command kCommand = {"breaks", "segment text and mark prosodic-word and phrase breaks", kUsage,
+                          run_breaks};
 const Registration kRegistration(kCommand);
 
 }  // namespace

@@ -97,8 +97,7 @@ int run_compile_dict(int argc, char **argv) {
     into->assign(text.begin(), text.end());
   }
   const std::vector<uint8_t> image = compile_dict(source);
-  if (const size_t fault = NLPDIC_Check(image.data(), image.size());
-      fault != 0)
+  if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0)
     return fail("the compiled image is not sound at offset " + std::to_string(fault) +
                 " (a model file that is not a compiled model?)");
   std::FILE *f = std::fopen(output.c_str(), "wb");

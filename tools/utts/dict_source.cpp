@@ -86,7 +86,6 @@ std::vector<uint8_t> model_body(const std::vector<uint8_t> &model, const char *k
   return body;
 }
 
-
 }  // namespace
 
 std::u16string utf8_to_utf16(const std::string &s) {
@@ -448,10 +447,10 @@ bool dump_dict(const std::vector<uint8_t> &image, std::string &text, std::string
       const size_t end = at + size;
       // The body as this tool writes it: the header with its strings, one
       // model under its keyword, "end".
-      const std::vector<uint8_t> written = model_body({}, k == "STRESS" ? "SentenceStress" : "phrase_break");
+      const std::vector<uint8_t> written =
+          model_body({}, k == "STRESS" ? "SentenceStress" : "phrase_break");
       const size_t header = written.size() - 4;  // up to the model
-      if (size < 4 + header + 4 ||
-          std::memcmp(&image[at + 4], written.data(), header) != 0) {
+      if (size < 4 + header + 4 || std::memcmp(&image[at + 4], written.data(), header) != 0) {
         error = "a model section this tool could not have written";
         return false;
       }

@@ -72,8 +72,7 @@ int run_segment(int argc, char **argv) {
   std::string image, text, error;
   if (dict_file.empty()) return fail("no dictionary given (-d)", 2);
   if (!read_all(dict_file, image, error)) return fail(error);
-  if (const size_t fault = NLPDIC_Check(image.data(), image.size());
-      fault != 0)
+  if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0)
     return fail("'" + dict_file + "' is not a sound dictionary image (fault at offset " +
                 std::to_string(fault) + ")");
   if (!read_all(input, text, error)) return fail(error);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr float kMissingPair = -100.0f;
 constexpr float kSingles = 0.00001f;  // two one-character words: never a break
-constexpr int kEdge = 3;              // words at each end that never get a "3"
+constexpr int kEdge = 3;              // the range runs from word 3 to word n - 3
 constexpr int kMinSpan = 7;           // stretches shorter than this are left whole
 constexpr size_t kLabelBytes = 2048;
 
@@ -116,7 +116,7 @@ UTILS_API int PhraseBreak_Process(void *holder, utterance *u) {
       list[k] = w;
       scores[k] = item_feat_int(w, "break") == -1 ? 0 : score_of(model, w);
     }
-    split(list, scores, kEdge, n - 1 - kEdge, kMinSpan);
+    split(list, scores, kEdge, n - kEdge, kMinSpan);
   }
   bsr_free(list);
   bsr_free(scores);
