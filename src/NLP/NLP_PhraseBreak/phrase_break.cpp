@@ -19,6 +19,7 @@ constexpr float kSingles = 0.00001f;  // two one-character words: never a break
 constexpr int kEdge = 3;              // the range runs from word 3 to word n - 3
 constexpr int kMinSpan = 7;           // stretches shorter than this are left whole
 constexpr size_t kLabelBytes = 2048;
+constexpr int kLocalWords = 128;  // words scored without allocating
 
 const char *const kNoScore[] = {"xx", "c1=0", "c2=0", "c3=0", "c4=0", "c5=0"};
 
@@ -106,8 +107,15 @@ UTILS_API int PhraseBreak_Process(void *holder, utterance *u) {
   int n = 0;
   for (item *w = relation_head(words); w != nullptr; w = item_next(w)) ++n;
   if (n == 0) return 0;
-  auto *list = static_cast<item **>(bsr_safe_calloc(static_cast<uint32_t>(n) * sizeof(item *)));
-  auto *scores = static_cast<int32_t *>(bsr_safe_calloc(static_cast<uint32_t>(n) * 4));
+  // Sentences of usual length need no allocation.
+  item *local_list[kLocalWords];
+  int32_t local_scores[kLocalWords];
+  const bool local = n <= kLocalWords;
+  auto *list =
+      local ? local_list
+            : static_cast<item **>(bsr_safe_calloc(static_cast<uint32_t>(n) * sizeof(item *)));
+  auto *scores =
+      local ? local_scores : static_cast<int32_t *>(bsr_safe_calloc(static_cast<uint32_t>(n) * 4));
   if (list != nullptr && scores != nullptr) {
     const HTSModel *model =
         holder == nullptr ? nullptr : static_cast<utils::nlpdict::ModelHolder *>(holder)->model;
@@ -118,8 +126,10 @@ UTILS_API int PhraseBreak_Process(void *holder, utterance *u) {
     }
     split(list, scores, kEdge, n - kEdge, kMinSpan);
   }
-  bsr_free(list);
-  bsr_free(scores);
+  if (!local) {
+    bsr_free(list);
+    bsr_free(scores);
+  }
   return 0;
 }
 
