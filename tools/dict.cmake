@@ -54,6 +54,9 @@ add_custom_command(
   VERBATIM)
 add_custom_target(sample_dict ALL DEPENDS ${UTILS_SAMPLE_DICT})
 target_compile_definitions(utts PRIVATE UTTS_SAMPLE_DICT="${UTILS_SAMPLE_DICT}")
+if(TARGET bench_dict)
+  add_dependencies(bench_dict sample_dict)
+endif()
 
 if(UTILS_TESTS)
   add_test(NAME utts_dict

@@ -93,8 +93,10 @@ NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, in
 
 // Enters the readings of `word` (zero-terminated, `units` long) starting at
 // position s; in character mode an unknown word longer than three units is
-// left out.
-void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters) {
+// left out. `known` false: the word is certainly not in the dictionary and
+// is not looked up.
+void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
+                   bool known = true) {
   if (b.failed) return;
   if (b.head == nullptr) {
     b.head = make_sentinel(b, kBegin);
@@ -109,7 +111,7 @@ void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s
     b.column_tail = b.head;
   }
   const uint32_t e = characters ? s + units - 1 : s;
-  const int32_t id = lookup_word_id(b.dict, word, units);
+  const int32_t id = known ? lookup_word_id(b.dict, word, units) : -1;
   uint32_t local = 0;
   const NLPDIC_WordList *list = id < 0 ? nullptr : locate_word_entry(b.dict, id, &local);
   if (list == nullptr) {
@@ -245,12 +247,25 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   Builder b{dict, pool, dict->BeginColumns, dict->EndColumns, nullptr, nullptr, 0, nullptr, false};
   if (characters) {
     for (uint32_t i = 0; i < n && !b.failed; ++i) {
+      // Once no word begins with the candidate, the longer ones are not
+      // words either: only unknown runs of up to three units remain.
+      bool extends = true;
+      uint64_t h = kFilterSeed;
       for (uint32_t len = 1; len <= kMaxCandidate && len <= n - i; ++len) {
+        if (!extends && len > kMaxUnknown) break;
         std::memcpy(candidate, text + i, len * sizeof(bsr_wchar));
         candidate[len] = 0;
-        add_candidate(b, candidate, len, i + 1, true);
+        h = filter_step(h, static_cast<uint16_t>(text[i + len - 1]));
+        // Nearly every single unit of real text is a word or begins one, and
+        // the one-unit list is small: it is searched without asking.
+        const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(dict, h, len);
+        add_candidate(b, candidate, len, i + 1, true, (said & 1) != 0);
+        extends = (said & 2) != 0;
       }
     }
+    // The lookup cache ends as a lookup of every candidate in turn would
+    // leave it: holding the last one, the text's last unit.
+    lookup_word_id(dict, text + n - 1, 1);
   } else {
     for (uint32_t t = 0; t < n && !b.failed; ++t) {
       std::memcpy(candidate, text + tokens[t].start, tokens[t].units * sizeof(bsr_wchar));

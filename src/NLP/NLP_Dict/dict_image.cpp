@@ -3,6 +3,8 @@
 // lookups that segmentation and phrase breaks make over them.
 #include "NLP/NLP_Dict/dict_image.h"
 
+#include <initializer_list>
+
 #include "NLP/NLP_Dict/model_holder.h"
 #include "bsr_string.h"
 
@@ -47,11 +49,51 @@ NLPDIC_ClassTable *make_class_table(const uint8_t *body) {
 
 uint32_t hash_pair(uint32_t key) { return (key * 2654435761u) >> 7; }
 
+// Classes a square index may number; beyond this the square would not stay
+// in cache, and the hashed index serves.
+constexpr uint32_t kMaxDenseClasses = 256;
+
+bool make_square(NLPDIC_PairTable *t) {
+  uint32_t limit = 0;
+  for (uint32_t e = 0; e < t->PairCount; ++e) {
+    const uint8_t *entry = t->Entries + uint64_t{e} * 12;
+    const uint32_t a = read_u16(entry), b = read_u16(entry + 2);
+    if (a + 1 > limit) limit = a + 1;
+    if (b + 1 > limit) limit = b + 1;
+  }
+  t->dense_of = static_cast<uint16_t *>(zeroed(uint64_t{limit} * 2));
+  if (t->dense_of == nullptr) return false;
+  t->code_limit = limit;
+  uint32_t count = 0;
+  for (uint32_t e = 0; e < t->PairCount && count <= kMaxDenseClasses; ++e) {
+    const uint8_t *entry = t->Entries + uint64_t{e} * 12;
+    for (const uint16_t code : {read_u16(entry), read_u16(entry + 2)})
+      if (t->dense_of[code] == 0 && ++count <= kMaxDenseClasses)
+        t->dense_of[code] = static_cast<uint16_t>(count);
+  }
+  if (count > kMaxDenseClasses) return false;
+  t->dense_count = count;
+  t->square = static_cast<uint32_t *>(zeroed(uint64_t{count} * count * 4));
+  if (t->square == nullptr) return false;
+  for (uint32_t e = 0; e < t->PairCount; ++e) {
+    const uint8_t *entry = t->Entries + uint64_t{e} * 12;
+    uint32_t &slot = t->square[(t->dense_of[read_u16(entry)] - 1u) * count +
+                               t->dense_of[read_u16(entry + 2)] - 1u];
+    if (slot == 0) slot = e + 1;  // an earlier entry of the pair wins
+  }
+  return true;
+}
+
 NLPDIC_PairTable *make_pair_table(const uint8_t *body) {
   auto *t = static_cast<NLPDIC_PairTable *>(zeroed(sizeof(NLPDIC_PairTable)));
   if (t == nullptr) return nullptr;
   t->PairCount = read_u32(body);
   t->Entries = body + 4;
+  if (make_square(t)) return t;
+  bsr_free(t->dense_of);
+  bsr_free(t->square);
+  t->dense_of = nullptr;
+  t->square = nullptr;
   // A table of at least twice the pairs keeps probe runs short; without
   // memory for it the lookups scan, with the same results.
   uint64_t slots = 16;
@@ -112,6 +154,8 @@ void free_word_list(NLPDIC_WordList *w) {
 
 void free_pair_table(NLPDIC_PairTable *t) {
   if (t == nullptr) return;
+  bsr_free(t->dense_of);
+  bsr_free(t->square);
   bsr_free(t->index);
   bsr_free(t);
 }
@@ -129,7 +173,64 @@ void free_word_table(NLPDIC *dict) {
   dict->WordTable = nullptr;
 }
 
+// One 64-bit word per run (blocked filter: one cache line a probe), two
+// bits in it for "word" and two for "prefix".
+uint64_t filter_mix(uint64_t h, uint32_t units) {
+  h ^= units * 0x9E3779B97F4A7C15ull;
+  h ^= h >> 31;
+  h *= 0xBF58476D1CE4E5B9ull;
+  return h ^ (h >> 29);
+}
+
+uint64_t filter_bits(uint64_t mixed, bool prefix) {
+  const unsigned shift = prefix ? 44 : 32;
+  return uint64_t{1} << (mixed >> shift & 63) | uint64_t{1} << (mixed >> (shift + 6) & 63);
+}
+
+// Candidates are at most six units long, so prefixes beyond that are never
+// asked about.
+constexpr uint32_t kFilteredUnits = 6;
+
+void build_filter(DictObject *object) {
+  NLPDIC *dict = &object->dict;
+  uint64_t keys = 0;
+  const uint32_t slots = table_slots(dict);
+  for (uint32_t l = 1; l < slots; ++l)
+    if (dict->WordTable[l] != nullptr)
+      keys += uint64_t{dict->WordTable[l]->WordCount} * (l < kFilteredUnits ? l : kFilteredUnits);
+  if (keys == 0) return;
+  // About sixteen bits a key: a "yes" for a non-member a few times in a
+  // hundred. `mask` counts 64-bit words.
+  uint64_t words = 16;
+  while (words * 64 < keys * 16 && words < (uint64_t{1} << 21)) words <<= 1;
+  object->filter.bits = static_cast<uint64_t *>(zeroed(words * 8));
+  if (object->filter.bits == nullptr) return;
+  object->filter.mask = words - 1;
+  for (uint32_t l = 1; l < slots; ++l) {
+    const NLPDIC_WordList *list = dict->WordTable[l];
+    if (list == nullptr) continue;
+    for (uint32_t w = 0; w < list->WordCount; ++w) {
+      const uint8_t *word = list->Words + uint64_t{w} * l * 2;
+      uint64_t h = kFilterSeed;
+      for (uint32_t p = 1; p <= l && p <= kFilteredUnits; ++p) {
+        h = filter_step(h, read_u16(word + 2 * (p - 1)));
+        const uint64_t mixed = filter_mix(h, p);
+        object->filter.bits[mixed & object->filter.mask] |= filter_bits(mixed, p < l);
+      }
+    }
+  }
+}
+
 }  // namespace
+
+unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units) {
+  const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
+  if (f.bits == nullptr || units > kFilteredUnits) return 3;
+  const uint64_t mixed = filter_mix(h, units);
+  const uint64_t word = f.bits[mixed & f.mask];
+  const uint64_t as_word = filter_bits(mixed, false), as_prefix = filter_bits(mixed, true);
+  return ((word & as_word) == as_word ? 1u : 0u) | ((word & as_prefix) == as_prefix ? 2u : 0u);
+}
 
 int32_t lookup_word_id(NLPDIC *dict, const bsr_wchar *word, uint32_t units) {
   if (dict == nullptr) return -1;
@@ -234,6 +335,13 @@ const uint8_t *class_name(const NLPDIC_ClassTable *classes, int32_t code, uint32
 
 const uint8_t *pair_entry(const NLPDIC_PairTable *pairs, uint16_t prev, uint16_t next) {
   if (pairs == nullptr) return nullptr;
+  if (pairs->square != nullptr) {
+    const uint32_t a = prev < pairs->code_limit ? pairs->dense_of[prev] : 0;
+    const uint32_t b = next < pairs->code_limit ? pairs->dense_of[next] : 0;
+    if (a == 0 || b == 0) return nullptr;
+    const uint32_t found = pairs->square[(a - 1) * pairs->dense_count + b - 1];
+    return found == 0 ? nullptr : pairs->Entries + uint64_t{found - 1} * 12;
+  }
   const uint32_t key = static_cast<uint32_t>(prev) << 16 | next;
   if (pairs->index != nullptr) {
     for (uint32_t s = hash_pair(key) & pairs->index_mask;; s = (s + 1) & pairs->index_mask) {
@@ -257,8 +365,9 @@ extern "C" {
 
 UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
   if (image == nullptr) return nullptr;
-  auto *dict = static_cast<NLPDIC *>(bsr_safe_calloc(sizeof(NLPDIC)));
-  if (dict == nullptr) return nullptr;
+  auto *object = static_cast<DictObject *>(bsr_safe_calloc(sizeof(DictObject)));
+  if (object == nullptr) return nullptr;
+  NLPDIC *dict = &object->dict;
   dict->LastId = -1;
   const uint8_t *p = static_cast<const uint8_t *>(image);
   for (;;) {
@@ -302,6 +411,7 @@ UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
       break;
     }
   }
+  build_filter(object);
   return dict;
 }
 
@@ -314,6 +424,7 @@ UTILS_API void NLPDIC_Destroy(NLPDIC *dict) {
   bsr_free(dict->EndColumns);
   destroy_model_holder(static_cast<ModelHolder *>(dict->PhraseBreakModel));
   destroy_model_holder(static_cast<ModelHolder *>(dict->StressModel));
+  bsr_free(reinterpret_cast<DictObject *>(dict)->filter.bits);
   bsr_free(dict);
 }
 

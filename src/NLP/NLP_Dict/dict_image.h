@@ -29,8 +29,16 @@ struct NLPDIC_ClassTable {
 struct NLPDIC_PairTable {
   uint32_t PairCount;
   const uint8_t *Entries;  // PairCount records of 12 bytes
-  // Open addressing: slot = (key, entry number + 1), 0 marking an empty slot;
-  // null when the index could not be made (lookups then scan).
+  // The usual index: the classes that the table names numbered densely
+  // (dense_of[code] = number + 1, 0 for a code it does not name) and a
+  // square of entry number + 1 (0: no entry) over them, small enough to
+  // stay in cache. Null when the table names too many classes.
+  uint16_t *dense_of;
+  uint32_t code_limit;  // codes below this have a dense_of slot
+  uint32_t dense_count;
+  uint32_t *square;
+  // Otherwise open addressing: slot = (key, entry number + 1), 0 marking an
+  // empty slot; null when that could not be made either (lookups scan).
   uint32_t *index;
   uint32_t index_mask;
 };
@@ -74,6 +82,32 @@ struct WordEntry {
   uint32_t readings;  // the number of readings (1 for a word not in MultiIndex)
   uint32_t first_record;
 };
+
+// A Bloom filter over the words and their proper prefixes, built when the
+// dictionary is created, that lets segmentation skip the binary searches
+// of candidates that cannot be words and stop extending a candidate that
+// no longer word begins with. A "no" is certain; a "yes" is then searched.
+struct WordFilter {
+  uint64_t *bits;  // null: no filter (every candidate is searched)
+  uint64_t mask;   // 64-bit words - 1
+};
+
+// The dictionary object as NLPDIC_Create makes it: the record callers see,
+// then what only the library reads.
+struct DictObject {
+  NLPDIC dict;
+  WordFilter filter;
+};
+
+// The filter's hash of a run of units, extended one unit at a time:
+// filter_step(filter_step(kFilterSeed, a), b) for the run "ab".
+inline constexpr uint64_t kFilterSeed = 1469598103934665603ull;
+inline uint64_t filter_step(uint64_t h, uint16_t unit) { return (h ^ unit) * 1099511628211ull; }
+
+// What the filter says of the run whose hash is `h` and length `units`:
+// bit 0 set when it may be a word, bit 1 when it may be a proper prefix of
+// a longer word. Both set when there is no filter.
+unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units);
 
 // The identifier of `word` (`units` code units, zero-terminated), or -1,
 // through the one-entry cache of the dictionary.
