@@ -61,5 +61,5 @@ endif()
 if(UTILS_TESTS)
   add_test(NAME utts_dict
            COMMAND ${CMAKE_SOURCE_DIR}/tests/dict/utts_dict_test.sh $<TARGET_FILE:utts>
-                   ${UTILS_SAMPLE_DICT})
+                   ${UTILS_SAMPLE_DICT} ${UTILS_ZH_DATA})
 endif()

@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # utts_dict_test.sh - utts compile-dict and segment from the command line:
 # a small dictionary compiled from its three texts, segmentation in both
-# modes, the sample dictionary, and the error messages.
+# modes, the sample dictionary, the error messages, compile -> dump ->
+# compile, and breaks.
 set -u
 UTTS=$1
 SAMPLE=$2
+DATA=$3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 failures=0
@@ -45,5 +47,25 @@ expect "not an image status" 1 $?
 case "$msg" in *"is not a sound dictionary image"*) ;; *) expect "not an image message" "...not a sound..." "$msg" ;; esac
 "$UTTS" compile-dict --bogus > /dev/null 2>&1
 expect "bad option status" 2 $?
+
+# compile -> dump -> compile gives the same bytes, models included.
+"$UTTS" compile-model -o "$work/pb.img" "$DATA/phrase_break.model" &&
+  "$UTTS" compile-model -o "$work/st.img" "$DATA/stress.model" &&
+  "$UTTS" compile-dict -c "$work/classes" -p "$work/pairs" -l "$work/lexicon" \
+    --phrase-break "$work/pb.img" --stress "$work/st.img" -o "$work/models.dic"
+expect "compile with models" 0 $?
+"$UTTS" dump "$work/models.dic" > "$work/dumped.txt"
+expect "dump status" 0 $?
+"$UTTS" compile-dict -o "$work/again.dic" "$work/dumped.txt"
+expect "recompile status" 0 $?
+cmp -s "$work/models.dic" "$work/again.dic"
+expect "compile -> dump -> compile identical" 0 $?
+"$UTTS" dump "$SAMPLE" > "$work/sample.txt" && "$UTTS" compile-dict -o "$work/sample.dic" "$work/sample.txt"
+cmp -s "$SAMPLE" "$work/sample.dic"
+expect "sample dictionary round trip" 0 $?
+
+# Breaks on the sample dictionary.
+expect "breaks" "我/r 爱/v 北京/ns 天安门/ns ∣ 。/x ∕ 今天天气/i ∣ 很/zg 好/a ，/x ∣ 我们/r 去/v 公园/n 散步/n 吧/y ！/x" \
+  "$(printf '我爱北京天安门。今天天气很好，我们去公园散步吧！\n' | "$UTTS" breaks -d "$SAMPLE")"
 
 exit $((failures > 0))
