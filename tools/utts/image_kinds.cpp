@@ -9,6 +9,7 @@ namespace utts {
 const ImageKind kImageKinds[] = {
     {"tree", "decision trees (utts compile-tree)", recognise_tree_file, dump_tree_file},
     {"model", "a model section (utts compile-model)", recognise_model, dump_model},
+    {"dict", "an NLP dictionary (utts compile-dict)", recognise_dict, dump_dict_image},
     {nullptr, nullptr, nullptr, nullptr},
 };
 

@@ -31,6 +31,9 @@ bool recognise_tree_file(const std::string &image);
 std::string dump_tree_file(const std::string &image);
 bool recognise_model(const std::string &image);
 std::string dump_model(const std::string &image);
+// Dictionaries: an image NLPDIC_Check accepts as a whole.
+bool recognise_dict(const std::string &image);
+std::string dump_dict_image(const std::string &image);
 
 }  // namespace utts
 

@@ -1,0 +1,303 @@
+// dict_break.cpp - NLPDIC_DictBreak: the lattice of candidate words of a text
+// (every run of 1 to 6 units, or the space-separated tokens), the best path
+// through it by class-pair scores, and the chain of chosen words.
+#include <cstring>
+
+#include "NLP/NLP_Dict/dict_image.h"
+#include "NLP/NLP_Dict/lattice_pool.h"
+#include "bsr_string.h"
+
+namespace utils::nlpdict {
+namespace {
+
+constexpr uint32_t kMaxCandidate = 6;     // longest candidate in character mode
+constexpr uint32_t kMaxUnknown = 3;       // longest unknown candidate entered there
+constexpr uint32_t kTokenLimit = 256;     // more tokens than this fail the split
+constexpr float kUnknownScore = -100.0f;  // score of a word not in the dictionary
+constexpr float kMissingPair = -100.0f;   // transition of a pair not in the table
+constexpr float kSentinelPair = -0.3f;    // transition from or to a sentinel
+constexpr float kNoPath = -500000.0f;     // starting best of the search
+
+const bsr_wchar kBegin[] = u"BEGTOK";
+const bsr_wchar kEnd[] = u"ENDTOK";
+
+struct Span {
+  uint32_t start, units;
+};
+
+// The state of one lattice build.
+struct Builder {
+  NLPDIC *dict;
+  LatticePool *pool;
+  NLPDIC_Node **begin, **end;
+  NLPDIC_Node *head;         // the "BEGTOK" node
+  NLPDIC_Node *last_first;   // first node of the last occupied start column
+  uint32_t last_column;      // that column
+  NLPDIC_Node *column_tail;  // last node of that column
+  bool failed;
+};
+
+NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
+  LatticeNode *n = pool_node(b.pool);
+  if (n == nullptr) return nullptr;
+  n->node.Word = pool_string(b.pool, name, 6);
+  n->node.ClassName = pool_string(b.pool, name, 6);
+  n->node.ClassId = -1;
+  if (n->node.Word == nullptr || n->node.ClassName == nullptr) return nullptr;
+  return &n->node;
+}
+
+// Appends `n` to the list that starts at `*first`, linked through `link`.
+void append_to(NLPDIC_Node **first, NLPDIC_Node *n, NLPDIC_Node *NLPDIC_Node::*link) {
+  if (*first == nullptr) {
+    *first = n;
+    return;
+  }
+  NLPDIC_Node *p = *first;
+  while (p->*link != nullptr) p = p->*link;
+  p->*link = n;
+}
+
+// Places a new node that starts at `s` and ends at `e` in both columns.
+void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
+  if (b.begin[s] == nullptr) {
+    b.begin[s] = n;
+    // Starts are entered in increasing order, so the nearest occupied column
+    // before s is the last one entered.
+    if (b.last_first != nullptr) b.last_first->NextColumn = n;
+    b.last_first = n;
+    b.last_column = s;
+  } else if (b.last_column == s && b.column_tail != nullptr) {
+    b.column_tail->NextInColumn = n;
+  } else {
+    append_to(&b.begin[s], n, &NLPDIC_Node::NextInColumn);
+  }
+  b.column_tail = n;
+  append_to(&b.end[e], n, &NLPDIC_Node::NextEnding);
+}
+
+NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
+  LatticeNode *n = pool_node(b.pool);
+  if (n == nullptr) return nullptr;
+  n->node.Word = pool_string(b.pool, word, units);
+  if (n->node.Word == nullptr) return nullptr;
+  n->node.Length = static_cast<int32_t>(units);
+  n->node.ClassId = class_id;
+  uint32_t name_units = 0;
+  if (const uint8_t *name = class_name(b.dict->Monogram, class_id, &name_units); name != nullptr) {
+    n->node.ClassName = pool_image_string(b.pool, name, name_units);
+    if (n->node.ClassName == nullptr) return nullptr;
+  }
+  return &n->node;
+}
+
+// Enters the readings of `word` (zero-terminated, `units` long) starting at
+// position s; in character mode an unknown word longer than three units is
+// left out. `known` false: the word is certainly not in the dictionary and
+// is not looked up.
+void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
+                   bool known = true) {
+  if (b.failed) return;
+  if (b.head == nullptr) {
+    b.head = make_sentinel(b, kBegin);
+    if (b.head == nullptr) {
+      b.failed = true;
+      return;
+    }
+    b.begin[0] = b.end[0] = b.head;
+    reinterpret_cast<LatticeNode *>(b.head)->pool = b.pool;
+    b.last_first = b.head;
+    b.last_column = 0;
+    b.column_tail = b.head;
+  }
+  const uint32_t e = characters ? s + units - 1 : s;
+  const int32_t id = known ? lookup_word_id(b.dict, word, units) : -1;
+  uint32_t local = 0;
+  const NLPDIC_WordList *list = id < 0 ? nullptr : locate_word_entry(b.dict, id, &local);
+  if (list == nullptr) {
+    if (characters && units > kMaxUnknown) return;
+    NLPDIC_Node *n = new_word_node(b, word, units, NLPDIC_GetDefaultID(b.dict));
+    if (n == nullptr) {
+      b.failed = true;
+      return;
+    }
+    n->Score = kUnknownScore;
+    n->Mark = -1.0f;
+    place(b, n, s, e);
+    return;
+  }
+  WordEntry entry;
+  describe_word(list, local, &entry);
+  for (uint32_t r = 0; r < entry.readings; ++r) {
+    const uint32_t record = entry.first_record + r;
+    NLPDIC_Node *n = new_word_node(b, word, units, reading_class(list, record));
+    if (n == nullptr) {
+      b.failed = true;
+      return;
+    }
+    n->Score = reading_score(list, record);
+    place(b, n, s, e);
+  }
+}
+
+float transition(const NLPDIC *dict, const NLPDIC_Node *p, const NLPDIC_Node *n) {
+  if (p->ClassId <= -1 || n->ClassId <= -1) return kSentinelPair;
+  const uint8_t *entry = pair_entry(dict->Bigram, static_cast<uint16_t>(p->ClassId),
+                                    static_cast<uint16_t>(n->ClassId));
+  return entry == nullptr ? kMissingPair : read_f32(entry + 4);
+}
+
+// The class-pair Viterbi search over columns 1..last. The best predecessor
+// is deliberately not reset between nodes: a node that no predecessor
+// scores above the starting best keeps the one chosen for the node before.
+void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, uint32_t last) {
+  NLPDIC_Node *best_pred = nullptr;
+  for (uint32_t k = 1; k <= last; ++k) {
+    NLPDIC_Node *first = begin[k];
+    for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
+      float best = kNoPath;
+      for (NLPDIC_Node *p = end[k - 1]; p != nullptr; p = p->NextEnding) {
+        const float reached = p->PathScore + p->Score;
+        const float x = reached + transition(dict, p, n);
+        if (x > best) {
+          best = x;
+          best_pred = p;
+        }
+      }
+      n->PathScore = best;
+      n->Link = best_pred;
+    }
+    if (first != nullptr && bsr_wcscmp(first->Word, kEnd) == 0) break;
+  }
+}
+
+// Splits `text` at spaces into at most 258 spans; an ASCII punctuation mark
+// followed by a space becomes a token of its own. Returns the count, or 0
+// when the text holds no token or the scan goes on past 256 tokens.
+uint32_t split_tokens(const bsr_wchar *text, uint32_t length, Span *tokens) {
+  uint32_t count = 0, start = 0, units = 0;
+  auto emit = [&](uint32_t at, uint32_t n) { tokens[count++] = Span{at, n}; };
+  for (uint32_t k = 0; k < length; ++k) {
+    if (count > kTokenLimit) return 0;
+    const bsr_wchar c = text[k];
+    if (c == u' ') {
+      if (units > 0) emit(start, units);
+      units = 0;
+      continue;
+    }
+    const bool mark = (c >= 0x21 && c <= 0x2F) || (c >= 0x3A && c <= 0x40) ||
+                      (c >= 0x5B && c <= 0x60) || (c >= 0x7B && c <= 0x7F);
+    if (mark && k + 1 < length && text[k + 1] == u' ') {
+      if (units > 0) emit(start, units);
+      emit(k, 1);
+      units = 0;
+      continue;
+    }
+    if (units == 0) start = k;
+    ++units;
+  }
+  if (units > 0) emit(start, units);
+  return count;
+}
+
+void release_columns(NLPDIC *dict) {
+  bsr_free(dict->BeginColumns);
+  bsr_free(dict->EndColumns);
+  dict->BeginColumns = dict->EndColumns = nullptr;
+}
+
+}  // namespace
+}  // namespace utils::nlpdict
+
+using namespace utils::nlpdict;
+
+extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar *text,
+                                                   int32_t mode) {
+  if (dict == nullptr || text == nullptr) return nullptr;
+  const uint32_t m = bsr_wcslen(text);
+  if (m == 0) return nullptr;
+  const bool characters = mode != 0;
+  Span tokens[kTokenLimit + 2];
+  uint32_t n = m;
+  if (!characters) {
+    n = split_tokens(text, m, tokens);
+    if (n == 0) return nullptr;
+  }
+  release_columns(dict);
+  const uint64_t slots = (uint64_t{n} + 2) * sizeof(NLPDIC_Node *);
+  if (slots > UINT32_MAX) return nullptr;
+  dict->BeginColumns = static_cast<NLPDIC_Node **>(bsr_safe_calloc(static_cast<uint32_t>(slots)));
+  dict->EndColumns = static_cast<NLPDIC_Node **>(bsr_safe_calloc(static_cast<uint32_t>(slots)));
+  // Character mode enters at least three nodes per position (every run of
+  // up to three units, known or not); start the pool near that size.
+  LatticePool *pool = make_pool(uint64_t{n} * 3 * (sizeof(LatticeNode) + 24));
+  // Candidates are copied out zero-terminated; a token may be longer than
+  // the usual buffer.
+  bsr_wchar small[1024];
+  bsr_wchar *candidate = small;
+  if (!characters && m + 1 > 1024)
+    candidate = static_cast<bsr_wchar *>(bsr_safe_alloc((m + 1) * sizeof(bsr_wchar)));
+  if (dict->BeginColumns == nullptr || dict->EndColumns == nullptr || pool == nullptr ||
+      candidate == nullptr) {
+    release_columns(dict);
+    free_pool(pool);
+    return nullptr;
+  }
+
+  Builder b{dict, pool, dict->BeginColumns, dict->EndColumns, nullptr, nullptr, 0, nullptr, false};
+  if (characters) {
+    for (uint32_t i = 0; i < n && !b.failed; ++i) {
+      // Once no word begins with the candidate, the longer ones are not
+      // words either: only unknown runs of up to three units remain.
+      bool extends = true;
+      uint64_t h = kFilterSeed;
+      for (uint32_t len = 1; len <= kMaxCandidate && len <= n - i; ++len) {
+        if (!extends && len > kMaxUnknown) break;
+        std::memcpy(candidate, text + i, len * sizeof(bsr_wchar));
+        candidate[len] = 0;
+        h = filter_step(h, static_cast<uint16_t>(text[i + len - 1]));
+        // Nearly every single unit of real text is a word or begins one, and
+        // the one-unit list is small: it is searched without asking.
+        const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(dict, h, len);
+        add_candidate(b, candidate, len, i + 1, true, (said & 1) != 0);
+        extends = (said & 2) != 0;
+      }
+    }
+    // The lookup cache ends as a lookup of every candidate in turn would
+    // leave it: holding the last one, the text's last unit.
+    lookup_word_id(dict, text + n - 1, 1);
+  } else {
+    for (uint32_t t = 0; t < n && !b.failed; ++t) {
+      std::memcpy(candidate, text + tokens[t].start, tokens[t].units * sizeof(bsr_wchar));
+      candidate[tokens[t].units] = 0;
+      add_candidate(b, candidate, tokens[t].units, t + 1, false);
+    }
+    if (candidate != small) bsr_free(candidate);
+  }
+
+  NLPDIC_Node *end_node = b.failed ? nullptr : make_sentinel(b, kEnd);
+  if (end_node == nullptr) {
+    release_columns(dict);
+    free_pool(pool);
+    return nullptr;
+  }
+  b.begin[n + 1] = b.end[n + 1] = end_node;
+  b.last_first->NextColumn = end_node;
+
+  find_best_path(dict, b.begin, b.end, n + 1);
+
+  // Turn the chain of best predecessors, read from the end, into the chain
+  // of next words read from the start.
+  NLPDIC_Node *from = end_node;
+  NLPDIC_Node *p = end_node->Link;
+  while (p != nullptr) {
+    NLPDIC_Node *before = p->Link;
+    p->Link = from;
+    if (bsr_wcscmp(p->Word, kBegin) == 0) break;
+    from = p;
+    p = before;
+  }
+  NLPDIC_Node *head = b.head;
+  release_columns(dict);
+  return head;
+}

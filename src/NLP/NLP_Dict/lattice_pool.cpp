@@ -1,0 +1,124 @@
+// lattice_pool.cpp - bump allocation of lattice nodes and strings from
+// blocks of the local allocator, and NLPDIC_DeleNode and NLPDIC_GetNodeInfo.
+#include "NLP/NLP_Dict/lattice_pool.h"
+
+#include <cstring>
+
+#include "bsr_string.h"
+
+namespace utils::nlpdict {
+
+struct PoolBlock {
+  PoolBlock *next;
+  uint32_t used;
+  uint32_t size;
+  // The block's bytes follow, 16-aligned.
+};
+
+namespace {
+
+constexpr uint32_t kHeader = (sizeof(PoolBlock) + 15) & ~15u;
+constexpr uint32_t kMinBlock = 4096;
+constexpr uint32_t kMaxBlock = 1u << 22;
+
+void *take(LatticePool *pool, uint32_t bytes) {
+  bytes = (bytes + 7) & ~7u;
+  PoolBlock *b = pool->blocks;
+  if (b == nullptr || b->size - b->used < bytes) {
+    uint32_t size = pool->next_size;
+    if (size < bytes) size = bytes;
+    auto *fresh = static_cast<PoolBlock *>(bsr_safe_alloc(kHeader + size));
+    if (fresh == nullptr) return nullptr;
+    fresh->next = pool->blocks;
+    fresh->used = 0;
+    fresh->size = size;
+    pool->blocks = fresh;
+    if (pool->next_size < kMaxBlock) pool->next_size *= 2;
+    b = fresh;
+  }
+  unsigned char *at = reinterpret_cast<unsigned char *>(b) + kHeader + b->used;
+  b->used += bytes;
+  return at;
+}
+
+}  // namespace
+
+LatticePool *make_pool(uint64_t first_bytes) {
+  auto *pool = static_cast<LatticePool *>(bsr_safe_calloc(sizeof(LatticePool)));
+  if (pool == nullptr) return nullptr;
+  uint32_t size = kMinBlock;
+  while (size < first_bytes && size < kMaxBlock) size *= 2;
+  pool->next_size = size;
+  return pool;
+}
+
+void free_pool(LatticePool *pool) {
+  if (pool == nullptr) return;
+  for (PoolBlock *b = pool->blocks; b != nullptr;) {
+    PoolBlock *next = b->next;
+    bsr_free(b);
+    b = next;
+  }
+  bsr_free(pool);
+}
+
+LatticeNode *pool_node(LatticePool *pool) {
+  // Blocks come zero-filled and their bytes are handed out once.
+  return static_cast<LatticeNode *>(take(pool, sizeof(LatticeNode)));
+}
+
+bsr_wchar *pool_string(LatticePool *pool, const bsr_wchar *text, uint32_t units) {
+  auto *s = static_cast<bsr_wchar *>(take(pool, (units + 1) * sizeof(bsr_wchar)));
+  if (s == nullptr) return nullptr;
+  std::memcpy(s, text, units * sizeof(bsr_wchar));
+  s[units] = 0;
+  return s;
+}
+
+bsr_wchar *pool_image_string(LatticePool *pool, const uint8_t *text, uint32_t units) {
+  auto *s = static_cast<bsr_wchar *>(take(pool, (units + 1) * sizeof(bsr_wchar)));
+  if (s == nullptr) return nullptr;
+  for (uint32_t k = 0; k < units; ++k)
+    s[k] = static_cast<bsr_wchar>(text[2 * k] | text[2 * k + 1] << 8);
+  s[units] = 0;
+  return s;
+}
+
+}  // namespace utils::nlpdict
+
+using utils::nlpdict::LatticeNode;
+
+extern "C" {
+
+UTILS_API void *NLPDIC_GetNodeInfo(NLPDIC_Node *node, uint32_t selector) {
+  if (node == nullptr) return nullptr;
+  switch (selector) {
+    case 0:
+      return node->Word;
+    case 1:
+      return &node->Length;
+    case 2:
+      return node->ClassName;
+    case 3:
+      return &node->ClassId;
+    case 4:
+      return &node->Mark;
+    case 5:
+      return &node->Score;
+    case 6:
+      return &node->PathScore;
+    case 7:
+      return node->Link;
+    default:
+      return nullptr;
+  }
+}
+
+UTILS_API void NLPDIC_DeleNode(NLPDIC_Node *node) {
+  if (node == nullptr) return;
+  // Only a lattice's first node owns memory; the others go with it.
+  LatticeNode *owner = reinterpret_cast<LatticeNode *>(node);
+  if (owner->pool != nullptr) utils::nlpdict::free_pool(owner->pool);
+}
+
+}  // extern "C"

@@ -1,0 +1,135 @@
+// breaks_command.cpp - "utts breaks": text in, words with their classes and
+// the prosodic-word and phrase breaks between them out.
+#include <cstdio>
+#include <sstream>
+#include <string>
+
+#include "nlp_dict.h"
+#include "phrase_break.h"
+#include "utt_features.h"
+#include "utterance.h"
+#include "utts/command.h"
+#include "utts/dict_source.h"
+#include "utts/file_io.h"
+
+#ifndef UTTS_SAMPLE_DICT
+#define UTTS_SAMPLE_DICT ""
+#endif
+
+namespace utts {
+namespace {
+
+const char kUsage[] =
+    "Usage: utts breaks [-d DICT] [-t] [-o OUTPUT] [INPUT]\n"
+    "\n"
+    "Segments each line of INPUT (UTF-8; standard input when absent or \"-\")\n"
+    "like \"utts segment\", then marks prosodic-word breaks (from the\n"
+    "association of the class pairs) and phrase breaks (from the\n"
+    "dictionary's phrase-break model). Writes WORD/CLASS separated by\n"
+    "spaces, with \xE2\x88\xA3 (U+2223) after a word that ends a prosodic word and\n"
+    "\xE2\x88\x95 (U+2215) after one that ends a phrase; one line per input line.\n"
+    "\n"
+    "Options:\n"
+    "  -d, --dict FILE    the dictionary image (default: the sample Chinese\n"
+    "                     dictionary the build made)\n"
+    "  -t, --tokens       token mode: the line is split at spaces\n"
+    "  -o, --output FILE  write to FILE\n"
+    "  -h, --help         show this help\n";
+
+int fail(const std::string &message, int status = 1) {
+  std::fprintf(stderr, "utts: %s\n", message.c_str());
+  return status;
+}
+
+// The words of one line with their breaks.
+std::string line_breaks(NLPDIC *dict, const std::u16string &text, bool tokens) {
+  NLPDIC_Node *head = NLPDIC_DictBreak(dict, text.c_str(), tokens ? 0 : 1);
+  if (head == nullptr) return "";
+  utterance *u = new_utterance();
+  relation *words = utt_relation_create(u, "_Word_");
+  for (NLPDIC_Node *n = head->Link; n != nullptr && n->ClassId != -1; n = n->Link) {
+    item *w = relation_append(words, nullptr);
+    item_set_wstring(w, "name", n->Word);
+    item_set_int(w, "pos", n->ClassId);
+    item_set_int(w, "name_Len", n->Length);
+    if (n->ClassName != nullptr) item_set_wstring(w, "class", n->ClassName);
+  }
+  NLPDIC_DeleNode(head);
+  PWordBreak(dict, u);
+  PhraseBreak_Process(NLPDIC_GetPhraseBreakPointer(dict), u);
+  std::string out;
+  for (item *w = relation_head(words); w != nullptr; w = item_next(w)) {
+    if (!out.empty()) out += ' ';
+    const bsr_wchar *cls = item_feat_wstring(w, "class");
+    out += utf16_to_utf8(item_feat_wstring(w, "name")) + "/" +
+           (cls != nullptr ? utf16_to_utf8(cls) : std::to_string(item_feat_int(w, "pos")));
+    if (item_next(w) == nullptr) break;
+    const int32_t b = item_feat_int(w, "break");
+    if (b >= 3)
+      out += " " + utf16_to_utf8(g_pmPhraseBreak);
+    else if (b >= 1)
+      out += " " + utf16_to_utf8(g_pmWordBreak);
+  }
+  delete_utterance(u);
+  return out;
+}
+
+int run_breaks(int argc, char **argv) {
+  std::string dict_file = UTTS_SAMPLE_DICT, input = "-", output = "-";
+  bool tokens = false, have_input = false;
+  for (int i = 0; i < argc; ++i) {
+    const std::string arg = argv[i];
+    auto value = [&](std::string &into) {
+      if (i + 1 >= argc || argv[i + 1][0] == '\0') return false;
+      into = argv[++i];
+      return true;
+    };
+    if (arg == "-h" || arg == "--help") {
+      std::fputs(kUsage, stdout);
+      return 0;
+    } else if (arg == "-d" || arg == "--dict") {
+      if (!value(dict_file)) return fail("option '" + arg + "' needs a file name", 2);
+    } else if (arg == "-o" || arg == "--output") {
+      if (!value(output)) return fail("option '" + arg + "' needs a file name", 2);
+    } else if (arg == "-t" || arg == "--tokens") {
+      tokens = true;
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      return fail("unknown option '" + arg + "' (see 'utts breaks --help')", 2);
+    } else if (have_input) {
+      return fail("more than one input file given", 2);
+    } else {
+      input = arg;
+      have_input = true;
+    }
+  }
+  std::string image, text, error;
+  if (dict_file.empty()) return fail("no dictionary given (-d)", 2);
+  if (!read_all(dict_file, image, error)) return fail(error);
+  if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0)
+    return fail("'" + dict_file + "' is not a sound dictionary image (fault at offset " +
+                std::to_string(fault) + ")");
+  if (!read_all(input, text, error)) return fail(error);
+  NLPDIC *dict = NLPDIC_Create(image.data());
+  if (dict == nullptr) return fail("out of memory");
+  std::string out;
+  std::istringstream lines(text);
+  std::string line;
+  while (std::getline(lines, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    out += line_breaks(dict, utf8_to_utf16(line), tokens) + "\n";
+  }
+  NLPDIC_Destroy(dict);
+  std::FILE *f = output == "-" ? stdout : std::fopen(output.c_str(), "wb");
+  if (f == nullptr) return fail("cannot write '" + output + "'");
+  const bool written = std::fwrite(out.data(), 1, out.size(), f) == out.size();
+  if ((f != stdout && std::fclose(f) != 0) || !written)
+    return fail("cannot write '" + output + "'");
+  return 0;
+}
+
+const Command kCommand = {"breaks", "segment text and mark prosodic-word and phrase breaks", kUsage,
+                          run_breaks};
+const Registration kRegistration(kCommand);
+
+}  // namespace
+}  // namespace utts

@@ -1,0 +1,126 @@
+// segment_command.cpp - "utts segment": text in, one line of words with
+// their classes out per input line.
+#include <cstdio>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "nlp_dict.h"
+#include "utts/command.h"
+#include "utts/dict_source.h"
+#include "utts/file_io.h"
+
+#ifndef UTTS_SAMPLE_DICT
+#define UTTS_SAMPLE_DICT ""
+#endif
+
+namespace utts {
+namespace {
+
+const char kUsage[] =
+    "Usage: utts segment [-d DICT] [-t] [-s] [-o OUTPUT] [INPUT]\n"
+    "\n"
+    "Segments each line of INPUT (UTF-8; standard input when absent or \"-\")\n"
+    "into dictionary words and writes them as WORD/CLASS separated by spaces,\n"
+    "one output line per input line. Words not in the dictionary are marked\n"
+    "with a \"?\" after their class.\n"
+    "\n"
+    "Options:\n"
+    "  -d, --dict FILE    the dictionary image (default: the sample Chinese\n"
+    "                     dictionary the build made)\n"
+    "  -t, --tokens       token mode: the line is split at spaces and each\n"
+    "                     token only gets its class\n"
+    "  -s, --scores       write each word's score and path score too\n"
+    "  -o, --output FILE  write to FILE\n"
+    "  -h, --help         show this help\n";
+
+int fail(const std::string &message, int status = 1) {
+  std::fprintf(stderr, "utts: %s\n", message.c_str());
+  return status;
+}
+
+int run_segment(int argc, char **argv) {
+  std::string dict_file = UTTS_SAMPLE_DICT, input = "-", output = "-";
+  bool tokens = false, scores = false, have_input = false;
+  for (int i = 0; i < argc; ++i) {
+    const std::string arg = argv[i];
+    auto value = [&](std::string &into) {
+      if (i + 1 >= argc || argv[i + 1][0] == '\0') return false;
+      into = argv[++i];
+      return true;
+    };
+    if (arg == "-h" || arg == "--help") {
+      std::fputs(kUsage, stdout);
+      return 0;
+    } else if (arg == "-d" || arg == "--dict") {
+      if (!value(dict_file)) return fail("option '" + arg + "' needs a file name", 2);
+    } else if (arg == "-o" || arg == "--output") {
+      if (!value(output)) return fail("option '" + arg + "' needs a file name", 2);
+    } else if (arg == "-t" || arg == "--tokens") {
+      tokens = true;
+    } else if (arg == "-s" || arg == "--scores") {
+      scores = true;
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      return fail("unknown option '" + arg + "' (see 'utts segment --help')", 2);
+    } else if (have_input) {
+      return fail("more than one input file given", 2);
+    } else {
+      input = arg;
+      have_input = true;
+    }
+  }
+  std::string image, text, error;
+  if (dict_file.empty()) return fail("no dictionary given (-d)", 2);
+  if (!read_all(dict_file, image, error)) return fail(error);
+  if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0)
+    return fail("'" + dict_file + "' is not a sound dictionary image (fault at offset " +
+                std::to_string(fault) + ")");
+  if (!read_all(input, text, error)) return fail(error);
+  NLPDIC *dict = NLPDIC_Create(image.data());
+  if (dict == nullptr) return fail("out of memory");
+  std::string out;
+  std::istringstream lines(text);
+  std::string line;
+  bool ok = true;
+  while (std::getline(lines, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const std::u16string wide = utf8_to_utf16(line);
+    NLPDIC_Node *head =
+        wide.empty() ? nullptr : NLPDIC_DictBreak(dict, wide.c_str(), tokens ? 0 : 1);
+    if (head == nullptr && !wide.empty() &&
+        (!tokens || wide.find_first_not_of(u' ') != std::u16string::npos)) {
+      ok = false;
+      std::fprintf(stderr, "utts: a line could not be segmented (more than 256 tokens?)\n");
+    }
+    bool first = true;
+    for (NLPDIC_Node *n = head == nullptr ? nullptr : head->Link; n != nullptr && n->ClassId != -1;
+         n = n->Link) {
+      if (!first) out += ' ';
+      first = false;
+      out += utf16_to_utf8(n->Word) + "/" +
+             (n->ClassName != nullptr ? utf16_to_utf8(n->ClassName) : std::to_string(n->ClassId));
+      if (n->Mark < 0) out += '?';
+      if (scores) {
+        char buf[64];
+        std::snprintf(buf, sizeof buf, "(%.4g,%.4g)", n->Score, n->PathScore);
+        out += buf;
+      }
+    }
+    out += '\n';
+    NLPDIC_DeleNode(head);
+  }
+  NLPDIC_Destroy(dict);
+  std::FILE *f = output == "-" ? stdout : std::fopen(output.c_str(), "wb");
+  if (f == nullptr) return fail("cannot write '" + output + "'");
+  const bool written = std::fwrite(out.data(), 1, out.size(), f) == out.size();
+  if ((f != stdout && std::fclose(f) != 0) || !written)
+    return fail("cannot write '" + output + "'");
+  return ok ? 0 : 1;
+}
+
+const Command kCommand = {"segment", "segment text into dictionary words with classes", kUsage,
+                          run_segment};
+const Registration kRegistration(kCommand);
+
+}  // namespace
+}  // namespace utts
