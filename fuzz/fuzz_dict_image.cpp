@@ -33,7 +33,7 @@ std::u16string spelled(NLPDIC_Node *head, const char16_t *separator) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > (1u << 20)) return 0;
-  const unsigned char *image = fuzz_support::guarded_bytes(data, size);
+  const unsigned char *image = fuzz::guarded_bytes(data, size);
   const size_t fault = NLPDIC_Check(image, size);
   check(fault <= (size == 0 ? 1 : size));
   if (fault != 0) return 0;

@@ -91,7 +91,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   std::vector<uint8_t> bytes(data, data + units * 2);
   bytes.push_back(0);
   bytes.push_back(0);
-  const unsigned char *fenced = fuzz_support::guarded_bytes(bytes.data(), bytes.size());
+  const unsigned char *fenced = fuzz::guarded_bytes(bytes.data(), bytes.size());
   std::u16string text;
   for (size_t k = 0; k < units; ++k)
     text += static_cast<char16_t>(data[2 * k] | data[2 * k + 1] << 8);

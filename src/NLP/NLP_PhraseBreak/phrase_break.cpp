@@ -30,14 +30,33 @@ float association(const NLPDIC *dict, int32_t prev, int32_t next) {
   return entry == nullptr ? kMissingPair : utils::nlpdict::read_f32(entry + 8);
 }
 
+// The room a label of the model's fields can take: every prefix and suffix
+// and the longest value of each field, and the terminator.
+size_t label_room(const HTSModel *model) {
+  size_t bytes = 1;
+  for (int k = 0; k < model->num_features; ++k)
+    bytes += bsr_strlen(model->feature_prefixes[k]) + bsr_strlen(model->feature_suffixes[k]) +
+             UTILS_LABEL_VALUE_MAX;
+  return bytes;
+}
+
 int32_t score_of(const HTSModel *model, const item *word) {
   if (model == nullptr || model->trees == nullptr) return 0;
-  char label[kLabelBytes];
+  // Usual field tables fit the stack buffer; a table that could write past
+  // it gets a block of its own, or no score when none can be had.
+  char local[kLabelBytes];
+  char *label = local;
+  if (label_room(model) > sizeof local) {
+    label = static_cast<char *>(bsr_safe_alloc(static_cast<uint32_t>(label_room(model))));
+    if (label == nullptr) return 0;
+  }
   MakeFeatureLabel(word, model->feature_names, model->feature_prefixes, model->feature_suffixes,
-                   model->num_features, label, sizeof label);
+                   model->num_features, label);
+  bool scored = true;
   for (const char *marker : kNoScore)
-    if (bsr_strstr(label, marker) != nullptr) return 0;
-  return DTree_Lookup(model->trees, 0, word);
+    if (bsr_strstr(label, marker) != nullptr) scored = false;
+  if (label != local) bsr_free(label);
+  return scored ? DTree_Lookup(model->trees, 0, word) : 0;
 }
 
 void mark_phrase(item *word) {
