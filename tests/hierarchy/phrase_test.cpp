@@ -1,6 +1,6 @@
-// phrase_test.cpp - prosodic grouping and the phrase relations on whole
-// documents: breaks and delays, words without pronunciation, a word of
-// another language in the middle, and both builds with their pauses.
+// phrase_test.cpp - the focus relations and the phrase relations on whole
+// documents: shared contents, missing parts, words without pronunciation, a
+// word of another language in the middle, and both builds with their pauses.
 #include <string>
 
 #include "hierarchy/hierarchy_fixture.h"
@@ -17,17 +17,6 @@ const char kThreeWords[] =
     "<word ph=\"w\u025D\u02D0ld\" delay=\"200ms\"/>"
     "<word ph=\"a\u026A\"/>"
     "</s></speak>";
-
-TEST(FocusPhrase, BreaksAndDelaysGroupTheWords) {
-  Document doc(kThreeWords);
-  ASSERT_TRUE(doc.loaded());
-  EXPECT_EQ(FocusPhraseCreate(doc.utt()), 1);
-  relation *phrases = utt_relation(doc.utt(), "focus_phrase");
-  ASSERT_NE(phrases, nullptr);
-  EXPECT_EQ(count(relation_head(phrases)), 2);
-  EXPECT_EQ(shape(doc.focus_phrase(0)), "((((h a) (l \u0259 \u028A))) (((w \u025D\u02D0 l d))))");
-  EXPECT_EQ(shape(doc.focus_phrase(1)), "((((a \u026A))))");
-}
 
 TEST(FocusPhrase, WordsShareTheirElementsContents) {
   Document doc(kThreeWords);
