@@ -88,18 +88,6 @@ const char *const kNames[] = {"p.name",
                               "pho-pos",
                               "R:Phrase.parent.parent.parent.NumDaughter"};
 const char *const kPrefixes[] = {"", "-", "+", "/A:", "/W:", "/T:", "/V:", "/N:", "/P:"};
-const char *const kSuffixes[] = {"", "", "", "", "", "", "", "", ""};
-constexpr int kCount = 9;
-
-std::vector<std::string> labels(const utterance *u) {
-  std::vector<std::string> out;
-  for (const item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
-    char label[512];
-    EXPECT_EQ(MakeFeatureLabel(p, kNames, kPrefixes, kSuffixes, kCount, label), 0);
-    out.push_back(label);
-  }
-  return out;
-}
 
 // Pauses have no view in the tree: their structural fields read "x" and
 // their missing features "0". The placeholder's phones have a syllable
@@ -115,16 +103,16 @@ TEST_F(Paragraph, LabelsOfTheMixedPhrase) {
       "u-d+\u0292/A:4/W:4/T:0/V:0/N:12/P:1",  "d-\u0292+pau/A:5/W:4/T:0/V:0/N:13/P:1",
       "\u0292-pau+x/A:x/W:x/T:x/V:x/N:0/P:x",
   };
-  EXPECT_EQ(labels(doc_.utt()), expected);
+  EXPECT_EQ(labels(doc_.utt(), kNames, kPrefixes), expected);
 }
 
 TEST_F(Paragraph, StressReplacesTheToneInTheLabel) {
   doc_.build(1, u"zh-CN");
   item *first = item_next(relation_head(utt_relation(doc_.utt(), "Phone")));
-  EXPECT_EQ(labels(doc_.utt())[1], "pau-b+e/A:1/W:1/T:3/V:0/N:0/P:1");
+  EXPECT_EQ(labels(doc_.utt(), kNames, kPrefixes)[1], "pau-b+e/A:1/W:1/T:3/V:0/N:0/P:1");
   item_set_wstring(item_as(item_parent(item_as(first, "Phrase")), "ssml"), "stress", u"2");
   doc_.build(1, u"zh-CN");
-  EXPECT_EQ(labels(doc_.utt())[1], "pau-b+e/A:1/W:1/T:2/V:0/N:0/P:1");
+  EXPECT_EQ(labels(doc_.utt(), kNames, kPrefixes)[1], "pau-b+e/A:1/W:1/T:2/V:0/N:0/P:1");
 }
 
 // Sixty-five one-phone words in one prosodic word: places and counts past
@@ -142,6 +130,8 @@ TEST(LongPhrase, PlacesPastSixty) {
     words.push_back(w);
   }
   ASSERT_EQ(words.size(), 65u);
+  // The phone counter has no cap.
+  EXPECT_EQ(val_int(GetFeature(relation_tail(utt_relation(doc.utt(), "Phone")), "p.pho-pos")), 64);
   struct Case {
     int word;
     const char *path;

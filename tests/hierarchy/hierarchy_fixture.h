@@ -59,6 +59,21 @@ inline int count(const item *first) {
   return n;
 }
 
+// The label of every phone of the "Phone" relation, fields as the table gives them.
+template <size_t kCount>
+std::vector<std::string> labels(const utterance *u, const char *const (&names)[kCount],
+                                const char *const (&prefixes)[kCount]) {
+  const char *suffixes[kCount] = {};
+  for (const char *&s : suffixes) s = "";
+  std::vector<std::string> out;
+  for (const item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
+    char label[512];
+    EXPECT_EQ(MakeFeatureLabel(p, names, prefixes, suffixes, static_cast<int>(kCount), label), 0);
+    out.push_back(label);
+  }
+  return out;
+}
+
 class Document {
  public:
   explicit Document(const std::string &ssml) : u_(new_utterance()) {

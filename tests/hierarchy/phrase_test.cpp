@@ -1,6 +1,6 @@
-// phrase_test.cpp - prosodic grouping and the phrase relations on whole
-// documents: breaks and delays, words without pronunciation, a word of
-// another language in the middle, and both builds with their pauses.
+// phrase_test.cpp - the focus relations and the phrase relations on whole
+// documents: shared contents, missing parts, words without pronunciation, a
+// word of another language in the middle, and both builds with their pauses.
 #include <string>
 
 #include "hierarchy/hierarchy_fixture.h"
@@ -17,18 +17,6 @@ const char kThreeWords[] =
     "<word ph=\"w\u025D\u02D0ld\" delay=\"200ms\"/>"
     "<word ph=\"a\u026A\"/>"
     "</s></speak>";
-
-TEST(FocusPhrase, BreaksAndDelaysGroupTheWords) {
-  Document doc(kThreeWords);
-  ASSERT_TRUE(doc.loaded());
-  EXPECT_EQ(FocusPhraseCreate(doc.utt()), 1);
-  relation *phrases = utt_relation(doc.utt(), "focus_phrase");
-  ASSERT_NE(phrases, nullptr);
-  EXPECT_EQ(count(relation_head(phrases)), 2);
-  EXPECT_EQ(count(item_daughter(doc.focus_phrase(0))), 2);
-  EXPECT_EQ(shape(doc.focus_phrase(0)), "((((h a) (l \u0259 \u028A))) (((w \u025D\u02D0 l d))))");
-  EXPECT_EQ(shape(doc.focus_phrase(1)), "((((a \u026A))))");
-}
 
 TEST(FocusPhrase, WordsShareTheirElementsContents) {
   Document doc(kThreeWords);
@@ -175,13 +163,6 @@ TEST_F(MixedDocument, PositionsCarriedToEveryPhrase) {
   EXPECT_EQ(names(doc_.utt(), "Phrase", "PositionBW"), "3");
 }
 
-TEST_F(MixedDocument, EachBuildReplacesTheLast) {
-  doc_.build(0, u"zh-CN");
-  doc_.build(0, u"en-US");
-  EXPECT_EQ(count(relation_head(utt_relation(doc_.utt(), "Phrase"))), 1);
-  EXPECT_EQ(count(relation_head(utt_relation(doc_.utt(), "Phone"))), 16);
-}
-
 TEST(PhraseCreate, WithoutFocusPhrase) {
   Document main_doc(kThreeWords);
   PhraseCreate(main_doc.utt(), u"en-US");
@@ -195,17 +176,6 @@ TEST(PhraseCreate, WithoutFocusPhrase) {
   EXPECT_EQ(relation_head(utt_relation(other_doc.utt(), "Phrase")), nullptr);
 
   PhraseCreate(nullptr, u"en-US");
-}
-
-TEST(PhraseCreate, PhrasesOneAtATime) {
-  Document doc(kThreeWords);
-  ASSERT_EQ(FocusPhraseCreate(doc.utt()), 1);
-  doc.build(0, u"en-US");
-  EXPECT_EQ(names(doc.utt(), "Phone"), "pau h a l \u0259 \u028A w \u025D\u02D0 l d pau");
-  doc.build(1, u"en-US");
-  EXPECT_EQ(names(doc.utt(), "Phone"), "pau a \u026A pau");
-  // The counter starts again with every phrase.
-  EXPECT_EQ(names(doc.utt(), "Phone", "pho-pos"), "<none> 0 1 <none>");
 }
 
 TEST(PhraseCreate, DocumentWithoutLanguageTakesTheOtherBuild) {

@@ -2,54 +2,26 @@
 // past the end of its text: loaded from copies that end right before an
 // inaccessible page, so that any read beyond the terminating zero faults.
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
-#include <cstring>
 #include <string>
 
+#include "../fuzz/guarded_input.h"
 #include "markup_fixture.h"
 
 namespace {
 
 using namespace markup_test;
 
-// A zero-terminated copy of a text whose terminating zero is the last
-// readable byte before a page that may not be read.
-class GuardedText {
- public:
-  explicit GuardedText(const std::string &text) {
-    const size_t page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-    const size_t bytes = text.size() + 1;
-    pages_ = (bytes + page - 1) / page * page + page;
-    base_ = static_cast<char *>(
-        mmap(nullptr, pages_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
-    if (base_ == MAP_FAILED) {
-      base_ = nullptr;
-      return;
-    }
-    mprotect(base_ + pages_ - page, page, PROT_NONE);
-    text_ = base_ + pages_ - page - bytes;
-    memcpy(text_, text.c_str(), bytes);
-  }
-  ~GuardedText() {
-    if (base_ != nullptr) munmap(base_, pages_);
-  }
-  GuardedText(const GuardedText &) = delete;
-  GuardedText &operator=(const GuardedText &) = delete;
-  const char *c_str() const { return text_; }
-
- private:
-  char *base_ = nullptr;
-  char *text_ = nullptr;
-  size_t pages_ = 0;
-};
+// A copy whose terminating zero is the last readable byte before a page that
+// may not be read; valid until the next copy.
+const char *guarded(const std::string &text) {
+  return fuzz_support::guarded_c_string(reinterpret_cast<const uint8_t *>(text.data()),
+                                        text.size());
+}
 
 TEST(HostileInput, OverReadCaseIsRefusedWithoutReadingPastItsEnd) {
-  GuardedText text(read_file("data/markup/mxml-overread.ssml"));
-  ASSERT_NE(text.c_str(), nullptr);
   Utt utt;
-  EXPECT_EQ(utt_load_ssml(utt.u, text.c_str()), 0);
+  EXPECT_EQ(utt_load_ssml(utt.u, guarded(read_file("data/markup/mxml-overread.ssml"))), 0);
   EXPECT_EQ(utt_relation(utt.u, "ssml"), nullptr);
 }
 
@@ -66,9 +38,8 @@ TEST(HostileInput, ByteOrderMarkBytesAreRefused) {
       "<speak>\xFE",
   };
   for (const char *c : cases) {
-    GuardedText text(c);
     Utt utt;
-    EXPECT_EQ(utt_load_ssml(utt.u, text.c_str()), 0) << c;
+    EXPECT_EQ(utt_load_ssml(utt.u, guarded(c)), 0) << c;
   }
 }
 
@@ -82,16 +53,14 @@ TEST(HostileInput, DocumentsCutAnywhereStopAtTheirEnd) {
   // result, no read may fault.
   const size_t speak = whole.find("<speak");
   for (size_t cut = 0; cut < whole.size(); ++cut) {
-    GuardedText text(whole.substr(0, cut));
     Utt utt;
-    const int loaded = utt_load_ssml(utt.u, text.c_str());
+    const int loaded = utt_load_ssml(utt.u, guarded(whole.substr(0, cut)));
     if (cut <= speak) {
       EXPECT_EQ(loaded, 0) << cut;
     }
   }
-  GuardedText text(whole);
   Utt utt;
-  EXPECT_EQ(utt_load_ssml(utt.u, text.c_str()), 1);
+  EXPECT_EQ(utt_load_ssml(utt.u, guarded(whole)), 1);
 }
 
 }  // namespace

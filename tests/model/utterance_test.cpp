@@ -147,8 +147,7 @@ TEST_F(UttTest, ItemFeaturesAndNullItems) {
   EXPECT_EQ(item_feat_int(i, "w"), 9);
   EXPECT_EQ(item_feat_remove(i, "v"), 1);
   EXPECT_EQ(item_feat(i, "v"), nullptr);
-  feat_set(u->features, "focus", item_val(i));                   // item values own nothing
-  feat_set(u->features, "sub", utterance_val(new_utterance()));  // owned: deleted with u
+  feat_set(u->features, "focus", item_val(i));  // item values own nothing
   item_set_int(nullptr, "x", 1);
   delete_item(nullptr);
   for (auto read : {item_next, item_prev, item_parent, item_daughter})

@@ -24,49 +24,56 @@ std::string label(const item *i, const Table &t) {
   return std::string(out.c_str());
 }
 
-TEST(FeatureLabel, FieldsInOrderWithoutSeparators) {
+// Phone p1 of words [p0 p1][p2 p3 p4] [p5], with values of every kind; -1
+// stands for no item at all.
+TEST(FeatureLabel, FieldsValuesAndMissingParts) {
   Tree t(Shape{{2, 3}, {1}});
-  const Table table{{"p.name", "name", "n.name", "PositionFW", "parent.parent.name"},
-                    {"", "-", "+", "/A:", "@"},
-                    {"", "", "", "_", "!"}};
-  EXPECT_EQ(label(t.phone(1), table), "p0-p1+x/A:2_@w0!");
-}
-
-TEST(FeatureLabel, ZeroFieldPrintsZeroWithoutLookingAtTheItem) {
-  const Table table{{"0", "name"}, {"a=", "/b="}, {"", ";"}};
-  EXPECT_EQ(label(nullptr, table), "a=0/b=x;");
-}
-
-TEST(FeatureLabel, ValueTypes) {
-  Tree t(Shape{{1}});
-  item *p = t.phone(0);
+  item *p = t.phone(1);
   item_set_int(p, "pho-pos", -42);
   item_set_float(p, "score", 1.5f);
   item_set_wstring(p, "ipa", u"\u014B\u0259");
-  const Table table{{"pho-pos", "score", "ipa"}, {"[", "[", "["}, {"]", "]", "]"}};
-  EXPECT_EQ(label(p, table), "[-42][][\xC5\x8B\xC9\x99]");
-}
-
-TEST(FeatureLabel, ExtremeIntegers) {
-  Tree t(Shape{{1}});
-  item_set_int(t.phone(0), "min", INT32_MIN);
-  item_set_int(t.phone(0), "zero", 0);
-  const Table table{{"min", "zero"}, {"", "/"}, {"", ""}};
-  EXPECT_EQ(label(t.phone(0), table), "-2147483648/0");
-}
-
-TEST(FeatureLabel, LongStringValuesStopAt127Bytes) {
-  Tree t(Shape{{1}});
-  const std::u16string long_value(200, u'a');
-  item_set_wstring(t.phone(0), "long", long_value.c_str());
-  const Table table{{"long"}, {"<"}, {">"}};
-  EXPECT_EQ(label(t.phone(0), table), "<" + std::string(127, 'a') + ">");
-}
-
-TEST(FeatureLabel, NullPrefixSuffixAndNameAreTolerated) {
-  Tree t(Shape{{1}});
-  const Table table{{nullptr, "name"}, {nullptr, "|"}, {"~", nullptr}};
-  EXPECT_EQ(label(t.phone(0), table), "0~|p0");
+  item_set_int(p, "min", INT32_MIN);
+  item_set_int(p, "zero", 0);
+  item_set_wstring(p, "long", std::u16string(200, u'a').c_str());
+  struct Case {
+    const char *what;
+    int phone;
+    Table table;
+    std::string want;
+  };
+  const Case kCases[] = {
+      {"fields in order, no separators",
+       1,
+       {{"p.name", "name", "n.name", "PositionFW", "parent.parent.name"},
+        {"", "-", "+", "/A:", "@"},
+        {"", "", "", "_", "!"}},
+       "p0-p1+x/A:2_@w0!"},
+      {"the \"0\" field does not look at the item",
+       -1,
+       {{"0", "name"}, {"a=", "/b="}, {"", ";"}},
+       "a=0/b=x;"},
+      {"integer, float (empty) and string values",
+       1,
+       {{"pho-pos", "score", "ipa"}, {"[", "[", "["}, {"]", "]", "]"}},
+       "[-42][][\xC5\x8B\xC9\x99]"},
+      {"extreme integers", 1, {{"min", "zero"}, {"", "/"}, {"", ""}}, "-2147483648/0"},
+      {"long strings stop at 127 bytes",
+       1,
+       {{"long"}, {"<"}, {">"}},
+       "<" + std::string(127, 'a') + ">"},
+      {"null prefix, suffix and name",
+       1,
+       {{nullptr, "name"}, {nullptr, "|"}, {"~", nullptr}},
+       "0~|p1"},
+      {"unknown names print 0, steps off the structure x",
+       5,
+       {{"NoSuchFeature", "n.name", "parent.NoSuch", "PositionFW9"},
+        {"a:", "/b:", "/c:", "/d:"},
+        {"", "", "", ""}},
+       "a:0/b:x/c:0/d:0"},
+  };
+  for (const Case &c : kCases)
+    EXPECT_EQ(label(c.phone < 0 ? nullptr : t.phone(c.phone), c.table), c.want) << c.what;
 }
 
 // The widest values: a 200-character string, several units of UTF-8 each,
@@ -91,32 +98,19 @@ TEST(FeatureLabel, WidestValuesStayWithinTheDocumentedBound) {
 }
 
 TEST(FeatureLabel, BadArguments) {
-  char out[8] = "junk";
   const char *names[] = {"name"};
   EXPECT_EQ(MakeFeatureLabel(nullptr, names, names, names, 1, nullptr), 0);
-  EXPECT_EQ(MakeFeatureLabel(nullptr, names, names, names, -1, out), 0);
-  EXPECT_STREQ(out, "");
-  std::strcpy(out, "junk");
-  EXPECT_EQ(MakeFeatureLabel(nullptr, names, names, names, 0, out), 0);
-  EXPECT_STREQ(out, "");
-  std::strcpy(out, "junk");
-  EXPECT_EQ(MakeFeatureLabel(nullptr, nullptr, names, names, 1, out), 0);
-  EXPECT_STREQ(out, "");
-  std::strcpy(out, "junk");
-  EXPECT_EQ(MakeFeatureLabel(nullptr, names, nullptr, names, 1, out), 0);
-  EXPECT_STREQ(out, "");
-  std::strcpy(out, "junk");
-  EXPECT_EQ(MakeFeatureLabel(nullptr, nullptr, nullptr, nullptr, 0, out), 0);
-  EXPECT_STREQ(out, "");
-}
-
-// An unknown feature name prints "0", a step off the structure "x".
-TEST(FeatureLabel, UnknownNamesAndMissingItems) {
-  Tree t(Shape{{1}});
-  const Table table{{"NoSuchFeature", "n.name", "parent.NoSuch", "PositionFW9"},
-                    {"a:", "/b:", "/c:", "/d:"},
-                    {"", "", "", ""}};
-  EXPECT_EQ(label(t.phone(0), table), "a:0/b:x/c:0/d:0");
+  struct Case {
+    const char *const *names, *const *prefixes, *const *suffixes;
+    int n;
+  };
+  for (const Case &c :
+       {Case{names, names, names, -1}, Case{names, names, names, 0}, Case{nullptr, names, names, 1},
+        Case{names, nullptr, names, 1}, Case{nullptr, nullptr, nullptr, 0}}) {
+    char out[8] = "junk";
+    EXPECT_EQ(MakeFeatureLabel(nullptr, c.names, c.prefixes, c.suffixes, c.n, out), 0);
+    EXPECT_STREQ(out, "") << c.n;
+  }
 }
 
 }  // namespace

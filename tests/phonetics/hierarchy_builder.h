@@ -63,7 +63,6 @@ class Tree {
   item *word(size_t k) const { return words_.at(k); }
   item *syllable(size_t k) const { return syllables_.at(k); }
   item *phone(size_t k) const { return phones_.at(k); }
-  size_t phone_count() const { return phones_.size(); }
 
  private:
   utterance *u_;
