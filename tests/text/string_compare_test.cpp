@@ -62,9 +62,9 @@ int32_t reference_compare(const Unit *a, const Unit *b) {
 template <typename Unit>
 void compare_near_page_ends(int32_t (*compare)(const Unit *, const Unit *), uint32_t seed,
                             uint32_t max_len) {
-  fuzz_support::GuardedRegion ra, rb;
+  fuzz::GuardedRegion ra, rb;
   std::mt19937 rng(seed);
-  auto place = [&](fuzz_support::GuardedRegion &r, const std::basic_string<Unit> &v) {
+  auto place = [&](fuzz::GuardedRegion &r, const std::basic_string<Unit> &v) {
     const size_t units = v.size() + 1 + (rng() % 2 ? 0 : rng() % 32);
     auto *at = reinterpret_cast<Unit *>(r.end_aligned(units * sizeof(Unit)));
     memcpy(at, v.c_str(), (v.size() + 1) * sizeof(Unit));
