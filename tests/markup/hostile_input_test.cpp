@@ -15,8 +15,7 @@ using namespace markup_test;
 // A copy whose terminating zero is the last readable byte before a page that
 // may not be read; valid until the next copy.
 const char *guarded(const std::string &text) {
-  return fuzz::guarded_c_string(reinterpret_cast<const uint8_t *>(text.data()),
-                                        text.size());
+  return fuzz::guarded_c_string(reinterpret_cast<const uint8_t *>(text.data()), text.size());
 }
 
 TEST(HostileInput, OverReadCaseIsRefusedWithoutReadingPastItsEnd) {
