@@ -2,7 +2,8 @@
 # make_pinyin_table.py - builds the character-reading table of the Mandarin
 # pack from Unihan_Readings.txt (Debian's unicode-data): for every code point
 # with a kMandarin field, its first value (the reading preferred in mainland
-# usage), as a toneless pinyin syllable and a tone digit.
+# usage), as a toneless pinyin syllable and a tone digit; a few characters
+# without one are supplied below (SUPPLEMENT).
 #
 #   make_pinyin_table.py UNIHAN_READINGS OUTPUT.cpp
 #
@@ -22,6 +23,9 @@ import sys
 import unicodedata
 
 TONE_MARKS = {'\u0304': 1, '\u0301': 2, '\u030c': 3, '\u0300': 4}
+# Characters of everyday text that Unihan gives no kMandarin reading: 〇, the
+# zero of written-out years (二〇二六年).
+SUPPLEMENT = {0x3007: ('ling', 2)}
 # Code points closer than this share a run, the gap filled with zeros: a
 # zero entry costs 2 bytes, a new run 8.
 MAX_GAP = 4
@@ -60,6 +64,8 @@ def main():
             readings[int(fields[0][2:], 16)] = syllable_and_tone(fields[2].split()[0])
     if not readings:
         sys.exit('no kMandarin field in %s' % sys.argv[1])
+    for cp, (syllable, tone) in SUPPLEMENT.items():
+        readings.setdefault(cp, (syllable, tone))
 
     syllables = sorted({s for s, _ in readings.values()})
     index = {s: i for i, s in enumerate(syllables)}

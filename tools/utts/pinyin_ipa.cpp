@@ -146,12 +146,14 @@ std::string full_final(const std::string &initial, std::string rest) {
 // False for initial and final pairs that Mandarin does not have and that the
 // table would still write: j, q, x only before i and ü, the ü finals only
 // after n, l, j, q, x and the zero initial, the i finals not after the
-// velars, the retroflexes and z, c, s.
+// velars, the retroflexes and z, c, s, a plain o only alone and after l.
 bool pair_allowed(const std::string &initial, const std::string &final_) {
   const bool palatal = initial == "j" || initial == "q" || initial == "x";
   const bool front = final_.compare(0, 1, "i") == 0 && final_.compare(0, 2, "i(") != 0;
   const bool rounded_front = final_.compare(0, 2, kUmlaut) == 0;
   if (palatal) return front || rounded_front;
+  // A plain o stands alone (哦) and after l (咯); after b, p, m, f it is o(b).
+  if (final_ == "o") return initial.empty() || initial == "l";
   if (rounded_front) return initial.empty() || initial == "n" || initial == "l";
   if (front)
     return !(initial == "g" || initial == "k" || initial == "h" || initial == "zh" ||
