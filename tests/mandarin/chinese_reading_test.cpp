@@ -308,6 +308,7 @@ TEST(ChineseReading, SayAs) {
       {"abc", "cardinal", nullptr, "(refused)"},
       {"13/24", "date", "md", "(refused)"},
       {"12", "unit", nullptr, "(refused)"},
+      {"22222222222222220008", "money", nullptr, "(refused)"},
   };
   for (const auto &row : table)
     EXPECT_EQ(say_as(row.text, row.interpret_as, row.format), row.spoken)
@@ -323,13 +324,21 @@ TEST(ChineseReading, ReadersRefuseOtherText) {
     bool (*read)(const std::string &, std::string &);
     const char *text;
   } table[] = {
-      {utts::chinese::read_date, "2026-13-01"}, {utts::chinese::read_date, "2026-11-32"},
-      {utts::chinese::read_date, "月11"},       {utts::chinese::read_time, "25:00"},
-      {utts::chinese::read_time, "12:5"},       {utts::chinese::read_money, "12"},
-      {utts::chinese::read_money, "¥-5"},       {utts::chinese::read_percent, "50"},
-      {utts::chinese::read_fraction, "1/0"},    {utts::chinese::read_telephone, "12"},
-      {utts::chinese::read_code, "12a"},        {utts::chinese::read_measure, "5 parsecs"},
-      {utts::chinese::read_temperature, "5"},   {utts::chinese::read_clock, "3点钟"},
+      {utts::chinese::read_date, "2026-13-01"},
+      {utts::chinese::read_date, "2026-11-32"},
+      {utts::chinese::read_date, "月11"},
+      {utts::chinese::read_time, "25:00"},
+      {utts::chinese::read_time, "12:5"},
+      {utts::chinese::read_money, "12"},
+      {utts::chinese::read_money, "¥-5"},
+      {utts::chinese::read_money, "¥22222222222222222"},  // more yuan than units reach
+                                                          // {utts::chinese::read_percent, "50"},
+      {utts::chinese::read_fraction, "1/0"},
+      {utts::chinese::read_telephone, "12"},
+      {utts::chinese::read_code, "12a"},
+      {utts::chinese::read_measure, "5 parsecs"},
+      {utts::chinese::read_temperature, "5"},
+      {utts::chinese::read_clock, "3点钟"},
   };
   for (const auto &row : table) {
     std::string out = "kept";

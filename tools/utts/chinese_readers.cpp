@@ -90,8 +90,11 @@ void say_clock_part(const std::string &digits, std::string &out) {
   }
 }
 
-// 元角分 for an amount in yuan with at most two decimals.
-void say_yuan(const WrittenNumber &n, std::string &out) {
+// 元角分 for an amount in yuan with at most two decimals; false for more
+// yuan than the units of numbers reach.
+bool say_yuan(const WrittenNumber &n, std::string &out) {
+  if (n.integer.size() > static_cast<std::size_t>(kMaxUnitDigits) || n.fraction.size() > 2)
+    return false;
   const std::uint64_t yuan = std::stoull(n.integer);
   const int jiao = n.fraction.size() > 0 ? n.fraction[0] - '0' : 0;
   const int fen = n.fraction.size() > 1 ? n.fraction[1] - '0' : 0;
@@ -108,6 +111,7 @@ void say_yuan(const WrittenNumber &n, std::string &out) {
     say_integer(static_cast<std::uint64_t>(fen), NumberStyle::kCount, out);
     out += "分";
   }
+  return true;
 }
 
 struct Currency {
@@ -438,7 +442,7 @@ bool read_money(const std::string &text, std::string &out) {
   if (!parse_number(t, n) || n.negative || t[0] == '+') return false;
   std::string words;
   if (magnitude == nullptr && std::strcmp(currency->name, "元") == 0 && n.fraction.size() <= 2) {
-    say_yuan(n, words);
+    if (!say_yuan(n, words)) return false;
   } else {
     if (!say_number(t, NumberStyle::kCount, true, words)) return false;
     if (magnitude != nullptr) words += magnitude;
@@ -594,8 +598,7 @@ int read_say_as(const char *text, CStr *out, const char *interpret_as, const cha
     if (!ok) {
       // A bare amount is in yuan.
       WrittenNumber n;
-      ok = parse_number(written, n) && !n.negative && n.fraction.size() <= 2;
-      if (ok) say_yuan(n, words);
+      ok = parse_number(written, n) && !n.negative && say_yuan(n, words);
     }
   } else if (kind == "percent" || kind == "percentage") {
     ok = read_percent(written, words) || read_percent(written + "%", words);

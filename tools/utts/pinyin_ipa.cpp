@@ -67,12 +67,13 @@ PinyinTable load_table() {
     }
     if (!ok) table.errors += (table.errors.empty() ? "" : " ") + std::to_string(number);
   }
-  for (const char *name : {"hook", "nasal", "vowel"}) {
-    const std::string &symbol = std::string(name) == "hook"    ? table.hook
-                                : std::string(name) == "nasal" ? table.nasal
-                                                               : table.vowel;
-    if (symbol.empty())
-      table.errors += (table.errors.empty() ? "no erhua " : " no erhua ") + std::string(name);
+  const struct {
+    const char *name;
+    const std::string &symbol;
+  } erhua[] = {{"hook", table.hook}, {"nasal", table.nasal}, {"vowel", table.vowel}};
+  for (const auto &e : erhua) {
+    if (e.symbol.empty())
+      table.errors += (table.errors.empty() ? "no erhua " : " no erhua ") + std::string(e.name);
   }
   return table;
 }

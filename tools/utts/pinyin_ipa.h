@@ -25,8 +25,8 @@ struct Syllable {
 
 // Splits "zhong1", "lv4", "nu:3", "hao" (no digit: neutral) or "ma0" (0 is
 // also neutral) into spelling and tone. Upper-case letters are lowered; v
-// and u: become ü. False for an empty syllable, a digit other than 0-5, a
-// digit that is not last, or any character that is not a letter.
+// and u: become ü; ü and ê may also be written as such (UTF-8). False for an empty syllable, a
+// digit other than 0-5, a digit that is not last, or any character that is not a letter.
 bool split_syllable(const std::string &written, Syllable &out);
 
 // The IPA of a toneless syllable (see split_syllable), without a tone
@@ -36,8 +36,9 @@ bool split_syllable(const std::string &written, Syllable &out);
 // is not a syllable of Standard Mandarin that the table can write.
 bool syllable_ipa(const std::string &spelling, std::string &ipa);
 
-// The lines of the table that do not load (1-based), for tests of the
-// bundled table; empty when every line loads.
+// What is wrong with the bundled table, for its tests: the 1-based numbers
+// of the lines that do not load and the erhua symbols it lacks; empty when
+// every line loads.
 const std::string &pinyin_table_errors();
 
 }  // namespace utts::mandarin
