@@ -11,6 +11,7 @@ PACKAGES=(
   libre2-dev libmxml-dev
   libicu-dev liblapack-dev libestools-dev libxml2-dev
   python3-jieba libfriso-dev friso-dict fortunes-zh
+  unicode-data
 )
 
 # --armhf: the cross compilers, qemu-arm and the armhf builds of the

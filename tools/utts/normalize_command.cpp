@@ -1,5 +1,5 @@
 // normalize_command.cpp - "utts normalize": read SSML or plain text, run the
-// rule sets and the English readers, mirror the result in an utterance and
+// rule sets and the readers of the language, mirror the result in an utterance and
 // save it as SSML.
 #include "utts/command.h"
 
@@ -12,6 +12,7 @@
 #include "ssml_io.h"
 #include "utterance.h"
 #include "utts/file_io.h"
+#include "utts/language_packs.h"
 #include "utts/text_normalizer.h"
 
 namespace utts {
@@ -35,9 +36,13 @@ const char kUsage[] =
     "such a document is read as text too, with a note on standard error.\n"
     "\n"
     "Options:\n"
-    "  -r, --rules FILE   use the rule set in FILE instead of the bundled English\n"
-    "                     rules; give it several times to load several sets in order\n"
-    "  -l, --lang LANG    the language of plain-text input (default en-US)\n"
+    "  -r, --rules FILE   use the rule set in FILE instead of the bundled rules of\n"
+    "                     the language; give it several times to load several sets\n"
+    "                     in order\n"
+    "  -l, --lang LANG    the language of plain-text input (default en-US); it also\n"
+    "                     picks the bundled rules and the readers, as the document's\n"
+    "                     xml:lang does for SSML input without --lang: zh (zh-CN,\n"
+    "                     cmn ...) reads in Mandarin, any other language in English\n"
     "  -o, --output FILE  write the result to FILE\n"
     "  -h, --help         show this help\n"
     "\n"
@@ -49,6 +54,7 @@ struct Options {
   std::string input = "-";
   std::string output = "-";
   std::string lang = "en-US";
+  bool lang_given = false;
   bool help = false;
 };
 
@@ -80,6 +86,7 @@ bool parse_options(int argc, char **argv, Options &options, std::string &error) 
       if (!value(options.output, "a file name")) return false;
     } else if (arg == "-l" || arg == "--lang") {
       if (!value(options.lang, "a language tag")) return false;
+      options.lang_given = true;
     } else if (arg.size() > 1 && arg[0] == '-') {
       error = "unknown option '" + arg + "' (see 'utts normalize --help')";
       return false;
@@ -238,17 +245,10 @@ int run_normalize(int argc, char **argv) {
     return 0;
   }
 
-  TextNormalizer normalizer;
-  if (!normalizer.ok()) return fail("out of memory");
-  if (options.rule_files.empty()) {
-    if (!load_rules(normalizer, std::string(kEnglishRules, kEnglishRulesSize), "bundled rules",
-                    error))
-      return fail(error);
-  }
+  std::vector<std::string> rule_texts;
   for (const std::string &file : options.rule_files) {
-    std::string text;
-    if (!read_all(file, text, error) || !load_rules(normalizer, text, file, error))
-      return fail(error);
+    rule_texts.emplace_back();
+    if (!read_all(file, rule_texts.back(), error)) return fail(error);
   }
 
   std::string input;
@@ -257,6 +257,27 @@ int run_normalize(int argc, char **argv) {
       options.input == "-" ? "standard input" : "'" + options.input + "'";
   mxml_node_t *tree = read_input(input, input_name, options.lang, error);
   if (tree == nullptr) return fail(error);
+
+  // The language picks the bundled rules and the readers: --lang when given,
+  // else the document's own xml:lang.
+  std::string lang = options.lang;
+  if (!options.lang_given) {
+    const char *own = mxmlElementGetAttr(find_speak(tree), "xml:lang");
+    if (own != nullptr && *own != '\0') lang = own;
+  }
+  const LanguagePack &pack = language_pack(lang);
+  TextNormalizer normalizer(pack);
+  bool loaded = normalizer.ok();
+  if (!loaded) error = "out of memory";
+  if (loaded && options.rule_files.empty())
+    loaded =
+        load_rules(normalizer, std::string(pack.rules, pack.rules_size), "bundled rules", error);
+  for (std::size_t i = 0; loaded && i < rule_texts.size(); ++i)
+    loaded = load_rules(normalizer, rule_texts[i], options.rule_files[i], error);
+  if (!loaded) {
+    mxmlDelete(tree);
+    return fail(error);
+  }
 
   normalizer.normalize(tree);
   bool saved = save(tree, options.output, error);

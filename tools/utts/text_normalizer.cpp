@@ -3,6 +3,7 @@
 #include "utts/text_normalizer.h"
 
 #include "utts/english_readers.h"
+#include "utts/language_packs.h"
 
 namespace utts {
 
@@ -10,6 +11,11 @@ TextNormalizer::TextNormalizer() : replacer_(HReplacer_create()), converter_(HCo
   for (const ReaderEntry *r = english_readers(); r->element != nullptr; ++r)
     HConverter_add(converter_, r->element, r->read);
   HConverter_setSayAs(converter_, read_say_as);
+}
+
+TextNormalizer::TextNormalizer(const LanguagePack &pack)
+    : replacer_(HReplacer_create()), converter_(HConverter_create()) {
+  if (converter_ != nullptr) pack.add_readers(converter_);
 }
 
 TextNormalizer::~TextNormalizer() {

@@ -15,6 +15,8 @@
 
 namespace utts {
 
+struct LanguagePack;
+
 // The bundled English rule set (data/english.rules), built into the program.
 extern const char kEnglishRules[];
 extern const std::size_t kEnglishRulesSize;
@@ -23,6 +25,8 @@ class TextNormalizer {
  public:
   // A normaliser without rules, with the English readers registered.
   TextNormalizer();
+  // A normaliser without rules, with the readers of `pack` registered.
+  explicit TextNormalizer(const LanguagePack &pack);
   ~TextNormalizer();
   TextNormalizer(const TextNormalizer &) = delete;
   TextNormalizer &operator=(const TextNormalizer &) = delete;
