@@ -42,7 +42,9 @@ const char kUsage[] =
     "  -l, --lang LANG    the language of plain-text input (default en-US); it also\n"
     "                     picks the bundled rules and the readers, as the document's\n"
     "                     xml:lang does for SSML input without --lang: zh (zh-CN,\n"
-    "                     cmn ...) reads in Mandarin, any other language in English\n"
+    "                     cmn ...) reads in Mandarin, any other language in English;\n"
+    "                     an element whose xml:lang names another of these is read\n"
+    "                     in its own language (with the bundled rules only)\n"
     "  -o, --output FILE  write the result to FILE\n"
     "  -h, --help         show this help\n"
     "\n"
@@ -232,6 +234,24 @@ bool save(mxml_node_t *tree, const std::string &path, std::string &error) {
   return ok;
 }
 
+// Normalises, with the pack of its own language and that pack's bundled
+// rules, every outermost element below `node` whose xml:lang picks another
+// pack than `pack` (a Chinese name in an English text, an English name with
+// numbers in a Chinese one), innermost languages first.
+void normalize_other_languages(mxml_node_t *node, const LanguagePack &pack) {
+  for (mxml_node_t *child = mxmlGetFirstChild(node); child != nullptr;
+       child = mxmlGetNextSibling(child)) {
+    if (mxmlGetType(child) != MXML_ELEMENT) continue;
+    const char *lang = mxmlElementGetAttr(child, "xml:lang");
+    const LanguagePack &own = lang != nullptr && *lang != '\0' ? language_pack(lang) : pack;
+    normalize_other_languages(child, own);
+    if (&own == &pack) continue;
+    TextNormalizer normalizer(own);
+    if (normalizer.ok() && normalizer.add_rules(std::string(own.rules, own.rules_size)).empty())
+      normalizer.normalize(child);
+  }
+}
+
 }  // namespace
 
 namespace {
@@ -279,6 +299,11 @@ int run_normalize(int argc, char **argv) {
     return fail(error);
   }
 
+  // Parts in another language are read by their own pack first; the pass of
+  // the document's pack then leaves the sub elements they became alone. The
+  // speak element itself is read in the language chosen above (so --lang
+  // overrides it). With rule files of their own users decide, in one pass.
+  if (options.rule_files.empty()) normalize_other_languages(find_speak(tree), pack);
   normalizer.normalize(tree);
   bool saved = save(tree, options.output, error);
   mxmlDelete(tree);
