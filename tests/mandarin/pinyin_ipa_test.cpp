@@ -27,6 +27,25 @@ void check(const Case *begin, const Case *end) {
 
 TEST(PinyinIpa, TableLoads) { EXPECT_EQ(utts::mandarin::pinyin_table_errors(), ""); }
 
+TEST(PinyinIpa, TableLoaderNamesBadLines) {
+  const std::string erhua = "erhua hook ˞\nerhua nasal ̃\nerhua vowel ɚ\n";
+  const struct {
+    std::string text, errors;
+  } table[] = {
+      {erhua + "initial b p\n# a comment\n\n", ""},
+      {erhua + "initial b\n", "4"},
+      {erhua + "initial b p extra\n", "4"},
+      {erhua + "medial i j\n", "4"},
+      {erhua + "final a a\nfinal a ɑ\n", "5"},
+      {erhua + "erhua hook x\n", "4"},
+      {erhua + "erhua tail x\n", "4"},
+      {"initial b p\r\n", "no erhua hook no erhua nasal no erhua vowel"},
+      {"erhua hook ˞\ninitial b\n", "2 no erhua nasal no erhua vowel"},
+  };
+  for (const auto &row : table)
+    EXPECT_EQ(utts::mandarin::pinyin_table_errors_of(row.text), row.errors) << row.text;
+}
+
 TEST(PinyinIpa, EveryInitial) {
   const Case table[] = {
       {"ba", "pa"},  {"pa", "pʰa"}, {"ma", "ma"},   {"fa", "fa"},    {"da", "ta"},  {"ta", "tʰa"},

@@ -94,6 +94,23 @@ std::string escaped(const std::string &text) {
   return out;
 }
 
+// Parts of the document in another language are read by their own pack
+// first; the pass of the document's pack then leaves the sub elements they
+// became alone.
+void normalize_other_languages(mxml_node_t *node, const LanguagePack &pack) {
+  for (mxml_node_t *child = mxmlGetFirstChild(node); child != nullptr;
+       child = mxmlGetNextSibling(child)) {
+    if (mxmlGetType(child) != MXML_ELEMENT) continue;
+    const char *lang = mxmlElementGetAttr(child, "xml:lang");
+    const LanguagePack &own = lang != nullptr && *lang != '\0' ? language_pack(lang) : pack;
+    normalize_other_languages(child, own);
+    if (&own == &pack) continue;
+    TextNormalizer normalizer(own);
+    if (normalizer.ok() && normalizer.add_rules(std::string(own.rules, own.rules_size)).empty())
+      normalizer.normalize(child);
+  }
+}
+
 }  // namespace
 
 mxml_node_t *find_speak(mxml_node_t *tree) {
@@ -144,6 +161,9 @@ bool normalize_document(mxml_node_t *tree, const std::string &lang,
     return false;
   for (std::size_t i = 0; i < rule_texts.size(); ++i)
     if (!load_rules(normalizer, rule_texts[i], rule_names[i], error)) return false;
+  // The speak element itself is read in `lang`; with rule files of their
+  // own, users decide everything in one pass.
+  if (rule_texts.empty()) normalize_other_languages(find_speak(tree), pack);
   normalizer.normalize(tree);
   return true;
 }

@@ -38,9 +38,8 @@ std::vector<std::string> fields_of(const std::string &line) {
   return fields;
 }
 
-PinyinTable load_table() {
+PinyinTable load_table(const std::string &text) {
   PinyinTable table;
-  const std::string text(kPinyinIpaTable, kPinyinIpaTableSize);
   int number = 0;
   for (std::size_t start = 0; start < text.size();) {
     std::size_t end = text.find('\n', start);
@@ -79,7 +78,7 @@ PinyinTable load_table() {
 }
 
 const PinyinTable &table() {
-  static const PinyinTable loaded = load_table();
+  static const PinyinTable loaded = load_table(std::string(kPinyinIpaTable, kPinyinIpaTableSize));
   return loaded;
 }
 
@@ -277,5 +276,7 @@ bool syllable_ipa(const std::string &spelling, std::string &ipa) {
 }
 
 const std::string &pinyin_table_errors() { return table().errors; }
+
+std::string pinyin_table_errors_of(const std::string &text) { return load_table(text).errors; }
 
 }  // namespace utts::mandarin

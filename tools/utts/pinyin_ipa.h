@@ -41,6 +41,9 @@ bool syllable_ipa(const std::string &spelling, std::string &ipa);
 // every line loads.
 const std::string &pinyin_table_errors();
 
+// The same for a table given as text (for tests of the loader).
+std::string pinyin_table_errors_of(const std::string &text);
+
 }  // namespace utts::mandarin
 
 #endif  // UTILS_UTTS_PINYIN_IPA_H
