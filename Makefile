@@ -71,13 +71,18 @@ test-valgrind: deps
 
 demo: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo
-	cmake --build $(BUILD) -j $(JOBS) --target utts example_images
+	cmake --build $(BUILD) -j $(JOBS) --target utts example_images sample_dict
 	@set -e; for f in examples/*.ssml; do \
 	  echo "== utts normalize $$f"; $(BUILD)/tools/utts normalize "$$f"; printf '\n\n'; done
 	@echo "== utts labels examples/mixed-language.ssml (en-US, the Chinese name replaced)"
 	@$(BUILD)/tools/utts labels examples/mixed-language.ssml
 	@echo "== utts labels -l zh-CN examples/mixed-language.ssml (only the Chinese name kept)"
 	@$(BUILD)/tools/utts labels -l zh-CN examples/mixed-language.ssml
+	@echo "== utts analyze --stages examples/news-zh.ssml (the whole front end, stage by stage)"
+	@$(BUILD)/tools/utts analyze --stages examples/news-zh.ssml | head -n 120
+	@echo "   ... (the labels of all phrases: $$($(BUILD)/tools/utts analyze examples/news-zh.ssml | wc -l) lines)"
+	@echo "== utts analyze examples/chinese.txt (plain text: labels of the first phrase)"
+	@$(BUILD)/tools/utts analyze examples/chinese.txt | head -n 12
 	@echo "== utts lookup build/data/example.model.img data/example.labels (the leaf of each tree)"
 	@$(BUILD)/tools/utts lookup $(BUILD)/data/example.model.img data/example.labels
 

@@ -7,7 +7,12 @@ target_sources(utts PRIVATE
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/compile_dict_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/dict_source.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/segment_command.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/breaks_command.cpp)
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/breaks_command.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/analyze_command.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/sentence_wrap.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/word_elements.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/word_pronunciation.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/tree_view.cpp)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 find_file(UTILS_JIEBA_DICT dict.txt
@@ -35,7 +40,7 @@ foreach(model phrase_break stress)
   add_custom_command(
     OUTPUT ${CMAKE_BINARY_DIR}/data/zh_${model}.img
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/data
-    COMMAND utts compile-model -o ${CMAKE_BINARY_DIR}/data/zh_${model}.img
+    COMMAND ${UTILS_RUN} $<TARGET_FILE:utts> compile-model -o ${CMAKE_BINARY_DIR}/data/zh_${model}.img
             ${UTILS_ZH_DATA}/${model}.model
     DEPENDS utts ${UTILS_ZH_DATA}/${model}.model
     COMMENT "Compiling the sample ${model} model"
@@ -43,7 +48,7 @@ foreach(model phrase_break stress)
 endforeach()
 add_custom_command(
   OUTPUT ${UTILS_SAMPLE_DICT}
-  COMMAND utts compile-dict -c ${UTILS_ZH_DATA}/classes.txt -p ${UTILS_ZH_DATA}/class_pairs.txt
+  COMMAND ${UTILS_RUN} $<TARGET_FILE:utts> compile-dict -c ${UTILS_ZH_DATA}/classes.txt -p ${UTILS_ZH_DATA}/class_pairs.txt
           -l ${UTILS_ZH_DATA}/punctuation.txt -l ${UTILS_SAMPLE_LEXICON}
           --phrase-break ${CMAKE_BINARY_DIR}/data/zh_phrase_break.img
           --stress ${CMAKE_BINARY_DIR}/data/zh_stress.img -o ${UTILS_SAMPLE_DICT}
@@ -60,6 +65,8 @@ endif()
 
 if(UTILS_TESTS)
   add_test(NAME utts_dict
-           COMMAND ${CMAKE_SOURCE_DIR}/tests/dict/utts_dict_test.sh $<TARGET_FILE:utts>
+           COMMAND ${CMAKE_SOURCE_DIR}/tests/dict/utts_dict_test.sh ${UTTS_UNDER_TEST}
                    ${UTILS_SAMPLE_DICT} ${UTILS_ZH_DATA})
+  add_test(NAME utts_analyze
+           COMMAND ${CMAKE_SOURCE_DIR}/tests/frontend/utts_analyze_test.sh ${UTTS_UNDER_TEST})
 endif()

@@ -141,7 +141,6 @@ mxml_node_t *read_input(const std::string &input, const std::string &input_name,
   return tree;
 }
 
-
 std::string document_language(mxml_node_t *tree, const std::string &fallback) {
   const char *own = mxmlElementGetAttr(find_speak(tree), "xml:lang");
   return own != nullptr && *own != '\0' ? own : fallback;

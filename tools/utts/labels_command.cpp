@@ -13,6 +13,7 @@
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/label_fields.h"
+#include "utts/label_writer.h"
 
 namespace utts {
 
@@ -126,27 +127,6 @@ bool pronounce(item *root, const std::string &attr, std::string &error) {
   return true;
 }
 
-// Writes the labels of every phrase; false with a message on failure.
-bool write_labels(utterance *u, const std::u16string &lang, const LabelFields &fields, FILE *out,
-                  std::string &error) {
-  std::string label(fields.label_bytes(), '\0');
-  for (item *phrase = relation_head(utt_relation(u, "focus_phrase")); phrase != nullptr;
-       phrase = item_next(phrase)) {
-    feat_set(u->features, "focus_phrase", item_val(phrase));
-    PhraseCreate(u, lang.c_str());
-    for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
-      MakeFeatureLabel(p, fields.names(), fields.prefixes(), fields.suffixes(), fields.count(),
-                       &label[0]);
-      std::fprintf(out, "%s\n", label.c_str());
-    }
-  }
-  if (std::ferror(out) != 0) {
-    error = "cannot write the labels";
-    return false;
-  }
-  return true;
-}
-
 int run(const Options &options) {
   std::string error, table, input;
   if (options.fields_file.empty()) {
@@ -188,7 +168,7 @@ int run(const Options &options) {
 
   FILE *out = options.output == "-" ? stdout : std::fopen(options.output.c_str(), "wb");
   if (out == nullptr) return fail("cannot write '" + options.output + "'");
-  const bool written = write_labels(u, lang, fields, out, error);
+  const bool written = write_phrase_labels(u, lang, fields, out, error);
   if (out != stdout && std::fclose(out) != 0 && written) {
     return fail("cannot write '" + options.output + "'");
   }

@@ -152,7 +152,8 @@ int run_normalize(int argc, char **argv) {
 
   // The language picks the bundled rules and the readers: --lang when given,
   // else the document's own xml:lang.
-  const std::string lang = options.lang_given ? options.lang : document_language(tree, options.lang);
+  const std::string lang =
+      options.lang_given ? options.lang : document_language(tree, options.lang);
   if (!normalize_document(tree, lang, rule_texts, options.rule_files, error)) {
     mxmlDelete(tree);
     return fail(error);

@@ -1,0 +1,263 @@
+// analyze_command.cpp - "utts analyze": the whole front end, marked-up or
+// plain text in, context labels out, each stage shown on request.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "nlp_dict.h"
+#include "phrase_break.h"
+#include "prosodic_hierarchy.h"
+#include "sentence_stress.h"
+#include "ssml_io.h"
+#include "utt_features.h"
+#include "utterance.h"
+#include "utts/command.h"
+#include "utts/dict_source.h"
+#include "utts/file_io.h"
+#include "utts/input_document.h"
+#include "utts/label_fields.h"
+#include "utts/label_writer.h"
+#include "utts/mandarin_pronunciation.h"
+#include "utts/sentence_wrap.h"
+#include "utts/tree_view.h"
+#include "utts/word_elements.h"
+#include "utts/word_pronunciation.h"
+
+#ifndef UTTS_SAMPLE_DICT
+#define UTTS_SAMPLE_DICT ""
+#endif
+
+namespace utts {
+
+extern const char kContextFields[];
+extern const std::size_t kContextFieldsSize;
+
+namespace {
+
+const char kUsage[] =
+    "Usage: utts analyze [-l LANG] [-d DICT] [-f FIELDS] [-r RULES]... [--stages]\n"
+    "                    [-o OUTPUT] [INPUT]\n"
+    "\n"
+    "Runs the front end on INPUT (SSML or plain UTF-8 text; standard input when\n"
+    "absent or \"-\") and writes one context label per phone:\n"
+    "  normalisation  the rule sets and readers of the language (utts normalize)\n"
+    "  sentences      s elements around the sentences (AddTag)\n"
+    "  words          word elements from the dictionary's segmentation, with\n"
+    "                 their classes; letters in a Chinese text are English words\n"
+    "  pronunciation  syllables and phones of the Mandarin words\n"
+    "  breaks         prosodic-word breaks from the class pairs, phrase breaks\n"
+    "                 from the dictionary's phrase-break model\n"
+    "  stress         focus phrases and sentence stress from the stress model\n"
+    "  labels         the prosodic hierarchy phrase by phrase, one label a phone\n"
+    "\n"
+    "Options:\n"
+    "  -l, --lang LANG    the language (default: the document's xml:lang; for\n"
+    "                     plain text zh-CN when it holds Han characters, else en-US)\n"
+    "  -d, --dict FILE    the dictionary image (default: the sample Chinese\n"
+    "                     dictionary the build made)\n"
+    "  -f, --fields FILE  the label-field table (default: data/context.fields)\n"
+    "  -r, --rules FILE   rule sets instead of the language's bundled ones\n"
+    "  -s, --stages       show the tree after each stage before the labels\n"
+    "  -o, --output FILE  write to FILE\n"
+    "  -h, --help         show this help\n"
+    "\n"
+    "Words of a language without a pronunciation source (English, for now) get\n"
+    "no phones: in a Chinese text they stand as placeholder words in the labels.\n";
+
+struct Options {
+  std::string input = "-", output = "-", lang, dict = UTTS_SAMPLE_DICT, fields;
+  std::vector<std::string> rule_files;
+  bool stages = false, help = false;
+};
+
+int fail(const std::string &message, int status = 1) {
+  std::fprintf(stderr, "utts: %s\n", message.c_str());
+  return status;
+}
+
+bool parse_options(int argc, char **argv, Options &options, std::string &error) {
+  bool have_input = false;
+  for (int i = 0; i < argc; ++i) {
+    const std::string arg = argv[i];
+    auto value = [&](std::string &into, const char *what) {
+      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
+        error = "option '" + arg + "' needs " + what;
+        return false;
+      }
+      into = argv[++i];
+      return true;
+    };
+    std::string rules;
+    if (arg == "-h" || arg == "--help") {
+      options.help = true;
+    } else if (arg == "-s" || arg == "--stages") {
+      options.stages = true;
+    } else if (arg == "-l" || arg == "--lang") {
+      if (!value(options.lang, "a language tag")) return false;
+    } else if (arg == "-d" || arg == "--dict") {
+      if (!value(options.dict, "a file name")) return false;
+    } else if (arg == "-f" || arg == "--fields") {
+      if (!value(options.fields, "a file name")) return false;
+    } else if (arg == "-o" || arg == "--output") {
+      if (!value(options.output, "a file name")) return false;
+    } else if (arg == "-r" || arg == "--rules") {
+      if (!value(rules, "a file name")) return false;
+      options.rule_files.push_back(rules);
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      error = "unknown option '" + arg + "' (see 'utts analyze --help')";
+      return false;
+    } else if (have_input) {
+      error = "more than one input file given ('" + options.input + "', '" + arg + "')";
+      return false;
+    } else {
+      options.input = arg;
+      have_input = true;
+    }
+  }
+  return true;
+}
+
+// Plain text is taken for Mandarin when it holds a Han character.
+std::string guess_language(const std::string &input) {
+  const std::u16string text = utf8_to_utf16(input);
+  mandarin::TextRun run{};
+  for (size_t at = 0; mandarin::next_run(text.c_str(), text.size(), at, run); at = run.end)
+    if (run.kind == mandarin::RunKind::kHan) return "zh-CN";
+  return "en-US";
+}
+
+// The resources of a run: the dictionary image and the object made on it.
+struct Dictionary {
+  std::string image;
+  NLPDIC *dict = nullptr;
+  ~Dictionary() { NLPDIC_Destroy(dict); }
+  bool open(const std::string &path, std::string &error) {
+    if (path.empty()) {
+      error = "no dictionary given (-d)";
+      return false;
+    }
+    if (!read_all(path, image, error)) return false;
+    if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0) {
+      error = "'" + path + "' is not a sound dictionary image (fault at offset " +
+              std::to_string(fault) + ")";
+      return false;
+    }
+    dict = NLPDIC_Create(image.data());
+    if (dict == nullptr) error = "out of memory";
+    return dict != nullptr;
+  }
+};
+
+class Stages {
+ public:
+  Stages(bool show, std::FILE *out) : show_(show), out_(out) {}
+  void show(const char *name, const std::string &note, item *root) {
+    if (!show_) return;
+    std::fprintf(out_, "== %s%s%s\n%s\n", name, note.empty() ? "" : ": ", note.c_str(),
+                 tree_view(root).c_str());
+  }
+  void heading(const char *name) {
+    if (show_) std::fprintf(out_, "== %s\n", name);
+  }
+
+ private:
+  bool show_;
+  std::FILE *out_;
+};
+
+// Focus phrases and stress: the stress model builds the focus phrases as it
+// goes; without one, they are built directly.
+void stress_and_phrases(utterance *u, NLPDIC *dict, item *root, const std::u16string &lang) {
+  if (void *stress = NLPDIC_GetStressPointer(dict); stress != nullptr) {
+    Stress_Process(stress, root, lang.c_str());
+    return;
+  }
+  feat_set(u->features, "focus", item_val(root));
+  FocusPhraseCreate(u);
+}
+
+int analyze(const Options &options, utterance *u, std::FILE *out) {
+  std::string error, input, table;
+  if (options.fields.empty()) {
+    table.assign(kContextFields, kContextFieldsSize);
+  } else if (!read_all(options.fields, table, error)) {
+    return fail(error);
+  }
+  LabelFields fields;
+  if (!fields.parse(table, error))
+    return fail((options.fields.empty() ? "bundled fields" : options.fields) + ": " + error);
+  Dictionary dictionary;
+  if (!dictionary.open(options.dict, error)) return fail(error);
+  std::vector<std::string> rule_texts(options.rule_files.size());
+  for (size_t k = 0; k < rule_texts.size(); ++k)
+    if (!read_all(options.rule_files[k], rule_texts[k], error)) return fail(error);
+
+  if (!read_all(options.input, input, error)) return fail(error);
+  const std::string input_name =
+      options.input == "-" ? "standard input" : "'" + options.input + "'";
+  const std::string plain_lang = options.lang.empty() ? guess_language(input) : options.lang;
+  mxml_node_t *tree = read_input(input, input_name, plain_lang, error);
+  if (tree == nullptr) return fail(error);
+  const std::string lang =
+      options.lang.empty() ? document_language(tree, plain_lang) : options.lang;
+  const bool normalised = normalize_document(tree, lang, rule_texts, options.rule_files, error);
+  if (normalised) utt_load_xml(u, tree);
+  mxmlDelete(tree);
+  if (!normalised) return fail(error);
+  item *root = relation_head(utt_relation(u, "ssml"));
+  if (root == nullptr) return fail(input_name + " holds no speak element");
+  const std::u16string wide_lang = utf8_to_utf16(lang);
+  // The builds compare each word's language with the document's own.
+  item_set_wstring(root, "xml:lang", wide_lang.c_str());
+
+  Stages stages(options.stages, out);
+  stages.show("normalisation", lang, root);
+  const int sentences = wrap_sentences(root);
+  stages.show("sentences", std::to_string(sentences), root);
+  const int words = make_word_elements(u, root, dictionary.dict, wide_lang);
+  stages.show("words", std::to_string(words), root);
+  const PronunciationCount said = pronounce_words(root);
+  stages.show("pronunciation",
+              std::to_string(said.pronounced) + " pronounced, " + std::to_string(said.unknown) +
+                  " without a reading, " + std::to_string(said.other) + " of other languages",
+              root);
+  PWordBreak(dictionary.dict, u);
+  PhraseBreak_Process(NLPDIC_GetPhraseBreakPointer(dictionary.dict), u);
+  stages.show("breaks", "", root);
+  stress_and_phrases(u, dictionary.dict, root, wide_lang);
+  stages.show("stress", "", root);
+  if (said.pronounced == 0 || relation_head(utt_relation(u, "focus_phrase")) == nullptr) {
+    std::fprintf(stderr, "utts: note: %s has no word with a pronunciation; no labels\n",
+                 input_name.c_str());
+    return 0;
+  }
+  stages.heading("labels");
+  return write_phrase_labels(u, wide_lang, fields, out, error) ? 0 : fail(error);
+}
+
+int run_analyze(int argc, char **argv) {
+  Options options;
+  std::string error;
+  if (!parse_options(argc, argv, options, error)) return fail(error, 2);
+  if (options.help) {
+    std::fputs(kUsage, stdout);
+    return 0;
+  }
+  std::FILE *out = options.output == "-" ? stdout : std::fopen(options.output.c_str(), "wb");
+  if (out == nullptr) return fail("cannot write '" + options.output + "'");
+  utterance *u = new_utterance();
+  if (u == nullptr) return fail("out of memory");
+  int status = analyze(options, u, out);
+  delete_utterance(u);
+  if (out != stdout && std::fclose(out) != 0 && status == 0)
+    status = fail("cannot write '" + options.output + "'");
+  return status;
+}
+
+const Command kCommand = {"analyze",
+                          "the whole front end: text in, context labels out (--stages shows each)",
+                          kUsage, run_analyze};
+const Registration kRegistration(kCommand);
+
+}  // namespace
+}  // namespace utts
