@@ -10,6 +10,7 @@ PACKAGES=(
   libgtest-dev libbenchmark-dev
   libre2-dev libmxml-dev
   libicu-dev liblapack-dev libestools-dev libxml2-dev
+  gnuplot-nox
 )
 
 missing=()
