@@ -396,6 +396,15 @@ bool Voice::generate(const std::vector<std::string> &labels, Tracks &out, std::s
         }
       }
     }
+    // A window that reaches past either end of the utterance has no frames to
+    // difference there: its statistics at those frames are dropped, or MLPG
+    // would read the missing neighbours as 0 and bend the track's ends.
+    for (int w = 0; w < m->num_windows; ++w) {
+      for (int f = 0; f < total; ++f) {
+        if (f + m->win_l_width[w] >= 0 && f + m->win_r_width[w] < total) continue;
+        std::fill(ps->ivar[f] + w * s.count, ps->ivar[f] + (w + 1) * s.count, uint16_t{0});
+      }
+    }
     for (int dim = 0; dim < s.count; ++dim) {
       // A frame whose substituted value comes out exactly 0 (a mean of 0, as
       // a silence's higher dimensions often are) keeps what par held: start
