@@ -76,7 +76,7 @@ extra 00
 EOF
 # Two dimensions with the static window alone: each frame is its state's
 # mean, in hundredths. b's first dimension is 0 after a's 2.5 and 4.
-cat > "$work/spec.model" <<'EOF'
+cat > "$work/cep.model" <<'EOF'
 field "name" "[P]" "/"
 window 0 0 1
 window_value 100
@@ -98,8 +98,8 @@ ivar 1 1 1
 ivar 2 1 1
 extra 00
 EOF
-for m in dur lf0 spec; do compile $m; done
-cat "$work/dur.img" "$work/lf0.img" "$work/spec.img" > "$work/voice.img"
+for m in dur lf0 cep; do compile $m; done
+cat "$work/dur.img" "$work/lf0.img" "$work/cep.img" > "$work/voice.img"
 
 printf '[P]a/[T]1\n[P]b/[T]0\n\n[P]a/[T]4\n' > "$work/aba.lab"
 "$utts" generate --model-fields "$work/voice.img" "$work/aba.lab" > "$work/aba.txt"
@@ -151,11 +151,11 @@ check "raw frame 6, lf0 is -1e10" [ "$(od -A n -t x1 -j 72 -N 4 "$work/aba.f32" 
 printf 'name "" /\ntone T ""\n' > "$work/own.fields"
 printf 'a/T1\nb/T0\na/T4\n' > "$work/own.lab"
 "$utts" generate --fields "$work/own.fields" "$work/dur.img" -m "$work/lf0.img" \
-  -m "$work/spec.img" "$work/own.lab" > "$work/own.txt"
+  -m "$work/cep.img" "$work/own.lab" > "$work/own.txt"
 check "three files and a label table" cmp -s "$work/aba.txt" "$work/own.txt"
-"$utts" generate --fields "$work/own.fields" "$work/dur.img" -m "$work/spec.img" \
-  "$work/own.lab" > "$work/spec.txt"
-check "a voice without log F0" [ "$(head -n 1 "$work/spec.txt")" = "# c0 c1" ]
+"$utts" generate --fields "$work/own.fields" "$work/dur.img" -m "$work/cep.img" \
+  "$work/own.lab" > "$work/cep.txt"
+check "a voice without log F0" [ "$(head -n 1 "$work/cep.txt")" = "# c0 c1" ]
 
 # The demonstration voice on the labels of the mixed-language example.
 "$utts" labels "$example" > "$work/mixed.lab"
@@ -225,7 +225,7 @@ sed 's/stream_value 0x30001/stream_value 0x40001/' "$work/lf0.model" > "$work/ki
 compile kind
 expect_error "an unknown kind" 1 "stream value 0x40001 names no kind of section" \
   "$utts" generate --model-fields "$work/dur.img" -m "$work/kind.img" "$work/aba.lab"
-sed 's/window_value 100/window_value 0/' "$work/spec.model" > "$work/scale.model"
+sed 's/window_value 100/window_value 0/' "$work/cep.model" > "$work/scale.model"
 compile scale
 expect_error "a stream without a scale" 1 "the window value (units per 1.0 of the means) is 0" \
   "$utts" generate --model-fields "$work/dur.img" -m "$work/scale.img" "$work/aba.lab"
@@ -233,7 +233,7 @@ sed 's/stream_value 0x10002/stream_value 0x10003/' "$work/dur.model" > "$work/th
 compile three
 expect_error "a stream with a tree per state too few" 1 "2 trees, but the durations give phones 3 states" \
   "$utts" generate --model-fields "$work/three.img" -m "$work/lf0.img" "$work/aba.lab"
-sed 's/statistics 1/statistics 0/; /^ivar/d' "$work/spec.model" > "$work/noivar.model"
+sed 's/statistics 1/statistics 0/; /^ivar/d' "$work/cep.model" > "$work/noivar.model"
 compile noivar
 expect_error "a stream without inverse variances" 1 "needs inverse variances" \
   "$utts" generate --model-fields "$work/dur.img" -m "$work/noivar.img" "$work/aba.lab"
