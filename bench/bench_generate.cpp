@@ -68,10 +68,19 @@ utts::LabelTable read_fields(const std::string &text) {
 }
 
 // Words of two syllables (IPA, tone digits), cycled.
-const char *const kWords[] = {"ni3.xau3",   "\xCA\x88\xCA\x82\xCA\x8A\xC5\x8B" "1.kuo2",
-                              "pei3.t\xC9\x95i\xC5\x8B" "1", "ma1.ma5",
-                              "\xC9\x95j\xC9\x9B" "4.\xC9\x95j\xC9\x9B" "5", "tai4.ja\xC5\x8B" "2",
-                              "s\xC9\xA4\xC5\x8B" "1.xuo2"};
+const char *const kWords[] = {"ni3.xau3",
+                              "\xCA\x88\xCA\x82\xCA\x8A\xC5\x8B"
+                              "1.kuo2",
+                              "pei3.t\xC9\x95i\xC5\x8B"
+                              "1",
+                              "ma1.ma5",
+                              "\xC9\x95j\xC9\x9B"
+                              "4.\xC9\x95j\xC9\x9B"
+                              "5",
+                              "tai4.ja\xC5\x8B"
+                              "2",
+                              "s\xC9\xA4\xC5\x8B"
+                              "1.xuo2"};
 constexpr int kWordCount = sizeof kWords / sizeof kWords[0];
 
 // An SSML document of `words` words from word `first` on, a phrase every ten.
@@ -248,6 +257,5 @@ BENCHMARK(labels_and_generate)->Name("Labels+Generate/500")->Unit(benchmark::kMi
 }  // namespace
 
 int main(int argc, char **argv) {
-  return bench::run_benchmarks<benchmark::ConsoleReporter>(argc, argv, false,
-                                                           resident_size_check);
+  return bench::run_benchmarks<benchmark::ConsoleReporter>(argc, argv, false, resident_size_check);
 }
