@@ -326,6 +326,12 @@ bool Voice::generate(const std::vector<std::string> &labels, Tracks &out, std::s
           frames[static_cast<size_t>(p) * states_ + st] = n;
           total += n;
         }
+        if (total > max_frames_) {
+          delete_item(i);
+          error = "label " + std::to_string(p + 1) + ": the utterance passes " +
+                  std::to_string(max_frames_) + " frames";
+          return false;
+        }
       } else {
         for (int st = 0; st < states_; ++st)
           if (!leaf_row(s, st, i, p + 1, at[st], error)) {

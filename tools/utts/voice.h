@@ -111,6 +111,11 @@ class Voice {
 
   int sections() const { return static_cast<int>(sections_.size()); }
 
+  // The most frames an utterance may have (default 1 << 24, 23 hours):
+  // durations of 32 s a state times many labels would otherwise ask for
+  // gigabytes before anything is generated.
+  void set_max_frames(int frames) { max_frames_ = frames; }
+
  private:
   struct Section {
     HTSModel *model = nullptr;
@@ -132,6 +137,7 @@ class Voice {
   std::vector<bool> used_;                             // per label field: asked about
   int name_field_ = -1;                                // the label field of path "name"
   int states_ = 0;
+  int max_frames_ = 1 << 24;
 };
 
 }  // namespace utts
