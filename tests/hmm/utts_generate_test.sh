@@ -205,6 +205,12 @@ compile far
 expect_error "a leaf past the rows" 1 "label 2: tree 0 of .*far.img section 1 gives leaf 7, but the section has 2 rows" \
   "$utts" generate --model-fields "$work/dur.img" -m "$work/far.img" "$work/aba.lab"
 
+sed 's/^mean 0 7 7$/mean 0 32767 32767/' "$work/dur.model" > "$work/long.model"
+compile long
+awk 'BEGIN { for (i = 0; i < 1300; ++i) print "[P]b/[T]0" }' > "$work/long.lab"
+expect_error "an utterance of over 23 hours" 1 "label 1281: the utterance passes 16777216 frames" \
+  "$utts" generate --model-fields "$work/long.img" -m "$work/lf0.img" "$work/long.lab"
+
 # Bad voices.
 head -c 100 "$work/lf0.img" > "$work/cut.img"
 expect_error "a cut section" 1 "cut.img section 1: not a sound model section (fault at byte" \
