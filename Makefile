@@ -85,6 +85,15 @@ demo: deps
 	@$(BUILD)/tools/utts analyze examples/chinese.txt | head -n 12
 	@echo "== utts lookup build/data/example.model.img data/example.labels (the leaf of each tree)"
 	@$(BUILD)/tools/utts lookup $(BUILD)/data/example.model.img data/example.labels
+	@cmake --build $(BUILD) -j $(JOBS) --target demo_voice > /dev/null
+	@echo "== utts generate build/data/demo-voice.img (a demonstration voice, not a trained one) on the labels of examples/mixed-language.ssml"
+	@$(BUILD)/tools/utts labels examples/mixed-language.ssml > $(BUILD)/mixed-language.lab
+	@$(BUILD)/tools/utts generate -o $(BUILD)/mixed-language.tracks $(BUILD)/data/demo-voice.img $(BUILD)/mixed-language.lab
+	@head -n 6 $(BUILD)/mixed-language.tracks; echo "..."; awk '!/^#/ && $$1 != "-1e+10"' $(BUILD)/mixed-language.tracks | head -n 6
+	@echo "... $$(grep -vc '^#' $(BUILD)/mixed-language.tracks) frames of 5 ms in $(BUILD)/mixed-language.tracks (log F0 -1e+10 where unvoiced)"
+	@if command -v gnuplot > /dev/null; then \
+	  $(BUILD)/tools/utts generate --plot $(BUILD)/mixed-language.png -o /dev/null $(BUILD)/data/demo-voice.img $(BUILD)/mixed-language.lab && \
+	  echo "plot: $(BUILD)/mixed-language.png"; else echo "(gnuplot is not installed: no plot)"; fi
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(BENCH_BUILD) $(FUZZ_BUILD) $(ARMHF_BUILD)

@@ -12,6 +12,7 @@ PACKAGES=(
   libicu-dev liblapack-dev libestools-dev libxml2-dev
   python3-jieba libfriso-dev friso-dict fortunes-zh
   unicode-data
+  gnuplot-nox
 )
 
 # --armhf: the cross compilers, qemu-arm and the armhf builds of the
