@@ -71,7 +71,7 @@ test-valgrind: deps
 
 demo: deps
 	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo
-	cmake --build $(BUILD) -j $(JOBS) --target utts example_images sample_dict
+	cmake --build $(BUILD) -j $(JOBS) --target utts example_images sample_dict demo_voice
 	@set -e; for f in examples/*.ssml; do \
 	  echo "== utts normalize $$f"; $(BUILD)/tools/utts normalize "$$f"; printf '\n\n'; done
 	@echo "== utts labels examples/mixed-language.ssml (en-US, the Chinese name replaced)"
@@ -83,6 +83,15 @@ demo: deps
 	@echo "   ... (the labels of all phrases: $$($(BUILD)/tools/utts analyze examples/news-zh.ssml | wc -l) lines)"
 	@echo "== utts analyze examples/chinese.txt (plain text: labels of the first phrase)"
 	@$(BUILD)/tools/utts analyze examples/chinese.txt | head -n 12
+	@echo "== utts analyze examples/news-zh.ssml | utts generate build/data/demo-voice.img (the whole chain)"
+	@$(BUILD)/tools/utts analyze examples/news-zh.ssml > $(BUILD)/news-zh.lab
+	@$(BUILD)/tools/utts generate -o $(BUILD)/news-zh.tracks $(BUILD)/data/demo-voice.img $(BUILD)/news-zh.lab
+	@echo "$$(wc -l < $(BUILD)/news-zh.lab) labels, $$(grep -vc '^#' $(BUILD)/news-zh.tracks) frames of 5 ms in $(BUILD)/news-zh.tracks"
+	@if command -v gnuplot > /dev/null; then \
+	  $(BUILD)/tools/utts generate --plot $(BUILD)/news-zh.png -o /dev/null $(BUILD)/data/demo-voice.img $(BUILD)/news-zh.lab && \
+	  echo "plot: $(BUILD)/news-zh.png"; fi
+	@echo "== utts analyze --stages examples/news.ssml (English: every stage; no pronunciation source, so no labels)"
+	@$(BUILD)/tools/utts analyze --stages examples/news.ssml 2>&1 | sed -n '/^== breaks/,/^== stress/p' | head -n 40
 	@echo "== utts lookup build/data/example.model.img data/example.labels (the leaf of each tree)"
 	@$(BUILD)/tools/utts lookup $(BUILD)/data/example.model.img data/example.labels
 	@cmake --build $(BUILD) -j $(JOBS) --target demo_voice > /dev/null

@@ -14,8 +14,20 @@ namespace {
 using mandarin::RunKind;
 using mandarin::TextRun;
 
-bool is_blank(char16_t c) {
-  return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n' || c == u'\u3000';
+// Marks that are read as a pause inside a sentence.
+bool is_pause_mark(char16_t c) {
+  switch (c) {
+    case u',':
+    case u':':
+    case u'\uFF0C':  // ，
+    case u'\u3001':  // 、
+    case u'\uFF1A':  // ：
+    case u'\u2014':  // —
+    case u'\u2026':  // …
+      return true;
+    default:
+      return false;
+  }
 }
 
 bool language_is_english(const std::u16string &lang) {
@@ -88,17 +100,17 @@ class WordMaker {
     if (w != nullptr && other_language) item_set_wstring(w, "xml:lang", u"en-US");
   }
 
-  // Blanks separate words; any other mark ends the phrase of the word
-  // before it (nothing when no word came first).
+  // Blanks, hyphens, quotes, brackets and the like only separate words; a
+  // pause mark (comma, colon, dash, ellipsis, a sentence end) ends the
+  // phrase of the word before it (nothing when no word came first).
   void mark_punctuation(const std::u16string &marks) {
-    bool blank_only = true;
+    bool pause = false;
     bool sentence_end = false;
     for (size_t k = 0; k < marks.size(); ++k) {
-      if (is_blank(marks[k])) continue;
-      blank_only = false;
       if (ends_sentence(marks[k], k + 1 < marks.size() ? marks[k + 1] : 0)) sentence_end = true;
+      if (sentence_end || is_pause_mark(marks[k])) pause = true;
     }
-    if (blank_only || last_ == nullptr) return;
+    if (!pause || last_ == nullptr) return;
     item_set_int(last_, "break", -1);
     item_set_wstring(last_, "delay", sentence_end ? u"long" : u"short");
   }
