@@ -8,11 +8,7 @@ target_sources(utts PRIVATE
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/dict_source.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/segment_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/breaks_command.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/analyze_command.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/sentence_wrap.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/word_elements.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/word_pronunciation.cpp
-  ${CMAKE_CURRENT_SOURCE_DIR}/utts/tree_view.cpp)
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/analyze_command.cpp)
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 find_file(UTILS_JIEBA_DICT dict.txt

@@ -4,24 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "nlp_dict.h"
-#include "phrase_break.h"
-#include "prosodic_hierarchy.h"
-#include "sentence_stress.h"
 #include "ssml_io.h"
 #include "utt_features.h"
 #include "utterance.h"
 #include "utts/command.h"
-#include "utts/dict_source.h"
 #include "utts/file_io.h"
-#include "utts/input_document.h"
+#include "utts/front_end.h"
 #include "utts/label_fields.h"
 #include "utts/label_writer.h"
-#include "utts/mandarin_pronunciation.h"
-#include "utts/sentence_wrap.h"
 #include "utts/tree_view.h"
-#include "utts/word_elements.h"
-#include "utts/word_pronunciation.h"
 
 #ifndef UTTS_SAMPLE_DICT
 #define UTTS_SAMPLE_DICT ""
@@ -117,37 +108,6 @@ bool parse_options(int argc, char **argv, Options &options, std::string &error) 
   return true;
 }
 
-// Plain text is taken for Mandarin when it holds a Han character.
-std::string guess_language(const std::string &input) {
-  const std::u16string text = utf8_to_utf16(input);
-  mandarin::TextRun run{};
-  for (size_t at = 0; mandarin::next_run(text.c_str(), text.size(), at, run); at = run.end)
-    if (run.kind == mandarin::RunKind::kHan) return "zh-CN";
-  return "en-US";
-}
-
-// The resources of a run: the dictionary image and the object made on it.
-struct Dictionary {
-  std::string image;
-  NLPDIC *dict = nullptr;
-  ~Dictionary() { NLPDIC_Destroy(dict); }
-  bool open(const std::string &path, std::string &error) {
-    if (path.empty()) {
-      error = "no dictionary given (-d)";
-      return false;
-    }
-    if (!read_all(path, image, error)) return false;
-    if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0) {
-      error = "'" + path + "' is not a sound dictionary image (fault at offset " +
-              std::to_string(fault) + ")";
-      return false;
-    }
-    dict = NLPDIC_Create(image.data());
-    if (dict == nullptr) error = "out of memory";
-    return dict != nullptr;
-  }
-};
-
 class Stages {
  public:
   Stages(bool show, std::FILE *out) : show_(show), out_(out) {}
@@ -165,17 +125,6 @@ class Stages {
   std::FILE *out_;
 };
 
-// Focus phrases and stress: the stress model builds the focus phrases as it
-// goes; without one, they are built directly.
-void stress_and_phrases(utterance *u, NLPDIC *dict, item *root, const std::u16string &lang) {
-  if (void *stress = NLPDIC_GetStressPointer(dict); stress != nullptr) {
-    Stress_Process(stress, root, lang.c_str());
-    return;
-  }
-  feat_set(u->features, "focus", item_val(root));
-  FocusPhraseCreate(u);
-}
-
 int analyze(const Options &options, utterance *u, std::FILE *out) {
   std::string error, input, table;
   if (options.fields.empty()) {
@@ -186,53 +135,32 @@ int analyze(const Options &options, utterance *u, std::FILE *out) {
   LabelFields fields;
   if (!fields.parse(table, error))
     return fail((options.fields.empty() ? "bundled fields" : options.fields) + ": " + error);
-  Dictionary dictionary;
-  if (!dictionary.open(options.dict, error)) return fail(error);
-  std::vector<std::string> rule_texts(options.rule_files.size());
-  for (size_t k = 0; k < rule_texts.size(); ++k)
-    if (!read_all(options.rule_files[k], rule_texts[k], error)) return fail(error);
+  FrontEnd front_end;
+  if (!front_end.open_dictionary(options.dict, error)) return fail(error);
+  AnalysisOptions analysis;
+  analysis.lang = options.lang;
+  analysis.rule_names = options.rule_files;
+  analysis.rule_texts.resize(options.rule_files.size());
+  for (size_t k = 0; k < options.rule_files.size(); ++k)
+    if (!read_all(options.rule_files[k], analysis.rule_texts[k], error)) return fail(error);
+  Stages stages(options.stages, out);
+  analysis.observer = [&stages](const char *stage, const std::string &note, item *root) {
+    stages.show(stage, note, root);
+  };
 
   if (!read_all(options.input, input, error)) return fail(error);
   const std::string input_name =
       options.input == "-" ? "standard input" : "'" + options.input + "'";
-  const std::string plain_lang = options.lang.empty() ? guess_language(input) : options.lang;
-  mxml_node_t *tree = read_input(input, input_name, plain_lang, error);
-  if (tree == nullptr) return fail(error);
-  const std::string lang =
-      options.lang.empty() ? document_language(tree, plain_lang) : options.lang;
-  const bool normalised = normalize_document(tree, lang, rule_texts, options.rule_files, error);
-  if (normalised) utt_load_xml(u, tree);
-  mxmlDelete(tree);
-  if (!normalised) return fail(error);
-  item *root = relation_head(utt_relation(u, "ssml"));
-  if (root == nullptr) return fail(input_name + " holds no speak element");
-  const std::u16string wide_lang = utf8_to_utf16(lang);
-  // The builds compare each word's language with the document's own.
-  item_set_wstring(root, "xml:lang", wide_lang.c_str());
-
-  Stages stages(options.stages, out);
-  stages.show("normalisation", lang, root);
-  const int sentences = wrap_sentences(root);
-  stages.show("sentences", std::to_string(sentences), root);
-  const int words = make_word_elements(u, root, dictionary.dict, wide_lang);
-  stages.show("words", std::to_string(words), root);
-  const PronunciationCount said = pronounce_words(root);
-  stages.show("pronunciation",
-              std::to_string(said.pronounced) + " pronounced, " + std::to_string(said.unknown) +
-                  " without a reading, " + std::to_string(said.other) + " of other languages",
-              root);
-  PWordBreak(dictionary.dict, u);
-  PhraseBreak_Process(NLPDIC_GetPhraseBreakPointer(dictionary.dict), u);
-  stages.show("breaks", "", root);
-  stress_and_phrases(u, dictionary.dict, root, wide_lang);
-  stages.show("stress", "", root);
-  if (said.pronounced == 0 || relation_head(utt_relation(u, "focus_phrase")) == nullptr) {
+  Analysis result;
+  if (!front_end.analyze(u, input, input_name, analysis, result, error)) return fail(error);
+  if (result.pronounced.pronounced == 0 ||
+      relation_head(utt_relation(u, "focus_phrase")) == nullptr) {
     std::fprintf(stderr, "utts: note: %s has no word with a pronunciation; no labels\n",
                  input_name.c_str());
     return 0;
   }
   stages.heading("labels");
-  return write_phrase_labels(u, wide_lang, fields, out, error) ? 0 : fail(error);
+  return write_phrase_labels(u, result.lang, fields, out, error) ? 0 : fail(error);
 }
 
 int run_analyze(int argc, char **argv) {

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "utterance.h"
 #include "utts/label_fields.h"
@@ -17,6 +18,10 @@ namespace utts {
 // False with a message when the output cannot be written.
 bool write_phrase_labels(utterance *u, const std::u16string &lang, const LabelFields &fields,
                          std::FILE *out, std::string &error);
+
+// The same labels appended to `labels`, one string a phone.
+void collect_phrase_labels(utterance *u, const std::u16string &lang, const LabelFields &fields,
+                           std::vector<std::string> &labels);
 
 }  // namespace utts
 
