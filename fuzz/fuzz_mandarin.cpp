@@ -67,7 +67,7 @@ void read_runs(const uint8_t *data, size_t size) {
   const size_t units = size / 2;
   // The units end exactly where the guard page begins.
   const auto *text = reinterpret_cast<const bsr_wchar *>(
-      fuzz_support::guarded_bytes(data, units * sizeof(bsr_wchar), 1));
+      fuzz::guarded_bytes(data, units * sizeof(bsr_wchar), 1));
   utts::mandarin::TextRun run{};
   for (size_t at = 0; utts::mandarin::next_run(text, units, at, run); at = run.end) {
     if (run.begin != at || run.end <= at || run.end > units) std::abort();
@@ -85,7 +85,7 @@ void read_runs(const uint8_t *data, size_t size) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   if (size > 1 << 14) return 0;
-  const char *text = fuzz_support::guarded_c_string(data, size);
+  const char *text = fuzz::guarded_c_string(data, size);
   normalise(text);
   const std::string written(text);
   for (Reader read : kReaders) {
