@@ -118,8 +118,7 @@ void make_labels(const std::string &ssml, const utts::LabelTable &table,
     feat_set(u->features, "focus_phrase", item_val(phrase));
     PhraseCreate(u, u"zh-CN");
     for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
-      MakeFeatureLabel(p, names.data(), prefixes.data(), suffixes.data(), table.count(), label,
-                       sizeof label);
+      MakeFeatureLabel(p, names.data(), prefixes.data(), suffixes.data(), table.count(), label);
       labels.push_back(label);
     }
   }

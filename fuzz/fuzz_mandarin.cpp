@@ -66,8 +66,8 @@ void normalise(const char *text) {
 void read_runs(const uint8_t *data, size_t size) {
   const size_t units = size / 2;
   // The units end exactly where the guard page begins.
-  const auto *text = reinterpret_cast<const bsr_wchar *>(
-      fuzz::guarded_bytes(data, units * sizeof(bsr_wchar), 1));
+  const auto *text =
+      reinterpret_cast<const bsr_wchar *>(fuzz::guarded_bytes(data, units * sizeof(bsr_wchar), 1));
   utts::mandarin::TextRun run{};
   for (size_t at = 0; utts::mandarin::next_run(text, units, at, run); at = run.end) {
     if (run.begin != at || run.end <= at || run.end > units) std::abort();
