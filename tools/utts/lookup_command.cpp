@@ -14,6 +14,7 @@
 #include "utts/image_kinds.h"
 #include "utts/label_fields.h"
 #include "utts/tree_file.h"
+#include "utts/voice.h"
 
 namespace utts {
 
@@ -112,44 +113,13 @@ void finish_fields(Fields &f) {
   for (const std::string &k : f.keys) f.names.push_back(k.c_str());
 }
 
-// Splits `label` into one value per field; false with a reason.
-bool split_label(const std::string &label, const Fields &f, std::vector<std::string> &values,
-                 std::string &error) {
-  values.clear();
-  size_t at = 0;
-  const int count = f.count();
-  for (int j = 0; j < count; ++j) {
-    const std::string prefix = f.prefixes[j], suffix = f.suffixes[j];
-    if (label.compare(at, prefix.size(), prefix) != 0) {
-      error = "field " + std::to_string(j + 1) + ": \"" + prefix + "\" expected at column " +
-              std::to_string(at + 1);
-      return false;
-    }
-    at += prefix.size();
-    size_t end;
-    if (j == count - 1) {
-      end = label.size() >= suffix.size() ? label.size() - suffix.size() : std::string::npos;
-      if (end == std::string::npos || end < at || label.compare(end, suffix.size(), suffix) != 0) {
-        error = "the label does not end with \"" + suffix + "\"";
-        return false;
-      }
-    } else {
-      const std::string delimiter = !suffix.empty() ? suffix : f.prefixes[j + 1];
-      if (delimiter.empty()) {
-        error = "field " + std::to_string(j + 1) +
-                " has no suffix and the next no prefix: its end cannot be found";
-        return false;
-      }
-      end = label.find(delimiter, at);
-      if (end == std::string::npos) {
-        error = "field " + std::to_string(j + 1) + ": \"" + delimiter + "\" not found";
-        return false;
-      }
-    }
-    values.push_back(label.substr(at, end - at));
-    at = end + suffix.size();
-  }
-  return true;
+// The label table that splits labels into the fields' values.
+LabelTable label_table(const Fields &f) {
+  LabelTable table;
+  table.names.assign(f.keys.begin(), f.keys.end());
+  table.prefixes.assign(f.prefixes.begin(), f.prefixes.end());
+  table.suffixes.assign(f.suffixes.begin(), f.suffixes.end());
+  return table;
 }
 
 int run(const Options &o) {
@@ -217,6 +187,7 @@ int run(const Options &o) {
   int number = 0;
   size_t start = 0;
   std::vector<std::string> values;
+  const LabelTable splitter = label_table(fields);
   while (start < labels.size()) {
     size_t end = labels.find('\n', start);
     if (end == std::string::npos) end = labels.size();
@@ -225,7 +196,7 @@ int run(const Options &o) {
     ++number;
     if (!label.empty() && label.back() == '\r') label.pop_back();
     if (label.empty()) continue;
-    if (!split_label(label, fields, values, error))
+    if (!splitter.split(label, values, error))
       return fail("label " + std::to_string(number) + ": " + error);
     item *i = relation_append(r, nullptr);
     for (int j = 0; j < fields.count(); ++j) {
