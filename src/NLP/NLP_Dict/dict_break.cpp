@@ -36,6 +36,11 @@ struct Builder {
   NLPDIC_Node *column_tail;  // last node of that column
   bool failed;
   int32_t default_class;  // the class of unknown words
+  // The last node of each end column still being filled: nodes end at most
+  // six positions after the start being entered, so eight slots by end
+  // position suffice. tail_end holds the end position + 1 (0: none).
+  uint32_t tail_end[8];
+  NLPDIC_Node *tail[8];
 };
 
 NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
@@ -74,7 +79,16 @@ void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
     append_to(&b.begin[s], n, &NLPDIC_Node::NextInColumn);
   }
   b.column_tail = n;
-  append_to(&b.end[e], n, &NLPDIC_Node::NextEnding);
+  // An end column is filled only while starts up to six before it are
+  // entered; once its slot is taken by a later end it is complete.
+  const uint32_t slot = e & 7;
+  if (b.tail_end[slot] == e + 1) {
+    b.tail[slot]->NextEnding = n;
+  } else {
+    append_to(&b.end[e], n, &NLPDIC_Node::NextEnding);
+    b.tail_end[slot] = e + 1;
+  }
+  b.tail[slot] = n;
 }
 
 NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
@@ -223,7 +237,7 @@ void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, 
       n->PathScore = best;
       n->Link = best_pred;
     }
-    if (first != nullptr && bsr_wcscmp(first->Word, kEnd) == 0) break;
+    if (first != nullptr && first->Word[0] == kEnd[0] && bsr_wcscmp(first->Word, kEnd) == 0) break;
   }
 }
 
@@ -300,8 +314,18 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
     return nullptr;
   }
 
-  Builder b{dict,    pool,  dict->BeginColumns,       dict->EndColumns, nullptr, nullptr, 0,
-            nullptr, false, NLPDIC_GetDefaultID(dict)};
+  Builder b{dict,
+            pool,
+            dict->BeginColumns,
+            dict->EndColumns,
+            nullptr,
+            nullptr,
+            0,
+            nullptr,
+            false,
+            NLPDIC_GetDefaultID(dict),
+            {},
+            {}};
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
     add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, text, n);
     // The lookup cache ends as a lookup of every candidate in turn would
@@ -355,7 +379,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   while (p != nullptr) {
     NLPDIC_Node *before = p->Link;
     p->Link = from;
-    if (bsr_wcscmp(p->Word, kBegin) == 0) break;
+    if (p->Word[0] == kBegin[0] && bsr_wcscmp(p->Word, kBegin) == 0) break;
     from = p;
     p = before;
   }
