@@ -184,6 +184,16 @@ void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text,
     // word filter says so for most candidates without a search.
     bool extends = slot != 0;
     uint64_t h = filter_step(kFilterSeed, static_cast<uint16_t>(text[i]));
+    // The next start's first probes are nearly always made: their memory is
+    // asked for now, while this start's candidates are entered.
+    if (i + 2 < n) {
+      const uint64_t next2 =
+          filter_step(filter_step(kFilterSeed, static_cast<uint16_t>(text[i + 1])),
+                      static_cast<uint16_t>(text[i + 2]));
+      filter_prefetch(b.dict, next2, 2);
+      if (i + 3 < n)
+        filter_prefetch(b.dict, filter_step(next2, static_cast<uint16_t>(text[i + 3])), 3);
+    }
     for (uint32_t len = 1; len <= kMaxCandidate && len <= n - i; ++len) {
       if (len > 1) h = filter_step(h, static_cast<uint16_t>(text[i + len - 1]));
       if (!extends && len > kMaxUnknown) break;

@@ -300,6 +300,12 @@ void build_first_index(DictObject *object) {
 
 }  // namespace
 
+void filter_prefetch(const NLPDIC *dict, uint64_t h, uint32_t units) {
+  const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
+  if (f.bits == nullptr || units > kFilteredUnits) return;
+  __builtin_prefetch(f.bits + (filter_mix(h, units) & f.mask));
+}
+
 unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units) {
   const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
   if (f.bits == nullptr || units > kFilteredUnits) return 3;

@@ -179,6 +179,10 @@ inline uint64_t filter_step(uint64_t h, uint16_t unit) { return (h ^ unit) * 109
 // a longer word. Both set when there is no filter.
 unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units);
 
+// Asks the memory for the part of the filter that filter_probe(dict, h,
+// units) will read, so that the probe need not wait for it. Changes nothing.
+void filter_prefetch(const NLPDIC *dict, uint64_t h, uint32_t units);
+
 // The identifier of `word` (`units` code units, zero-terminated), or -1,
 // through the one-entry cache of the dictionary.
 int32_t lookup_word_id(NLPDIC *dict, const bsr_wchar *word, uint32_t units);
