@@ -1,7 +1,9 @@
 // dict_index_test.cpp - the indexes a dictionary builds when it is created
-// (the word filter, the square and hashed class-pair indexes) change no
-// result: random dictionaries and texts segmented with them and with plain
-// binary searches and a linear scan of the pairs give the same lattices.
+// (the word filter, the first-unit word index, the decoded class names, the
+// square and hashed class-pair indexes) change no result: random
+// dictionaries and texts segmented with them, with some of them, and with
+// plain binary searches and a linear scan of the pairs give the same
+// lattices.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -90,35 +92,115 @@ std::string lattice(NLPDIC *d, const std::u16string &text, int mode) {
   return out;
 }
 
-// A dictionary without its indexes: every lookup searched, every pair scanned.
-NLPDIC *plain(const Bytes &image) {
+// A dictionary without some of its indexes.
+enum Without : unsigned { kFilter = 1, kFirstUnit = 2, kPairs = 4, kNames = 8, kAll = 15 };
+
+NLPDIC *without(const Bytes &image, unsigned which) {
   NLPDIC *d = NLPDIC_Create(image.data());
   auto *object = reinterpret_cast<utils::nlpdict::DictObject *>(d);
-  bsr_free(object->filter.bits);
-  object->filter.bits = nullptr;
-  NLPDIC_PairTable *t = d->Bigram;
-  bsr_free(t->square);
-  bsr_free(t->dense_of);
-  bsr_free(t->index);
-  t->square = nullptr;
-  t->dense_of = nullptr;
-  t->index = nullptr;
+  if ((which & kFilter) != 0) {
+    bsr_free(object->filter.bits);
+    object->filter.bits = nullptr;
+  }
+  if ((which & kFirstUnit) != 0) {
+    bsr_free(object->first.slot_of);
+    bsr_free(object->first.starts);
+    object->first.slot_of = nullptr;
+    object->first.starts = nullptr;
+  }
+  if ((which & kPairs) != 0 && d->Bigram != nullptr) {
+    NLPDIC_PairTable *t = d->Bigram;
+    bsr_free(t->square);
+    bsr_free(t->dense_of);
+    bsr_free(t->index);
+    t->square = nullptr;
+    t->dense_of = nullptr;
+    t->index = nullptr;
+  }
+  if ((which & kNames) != 0) {
+    bsr_free(d->Monogram->decoded);
+    d->Monogram->decoded = nullptr;
+  }
   return d;
 }
 
 TEST(DictIndexes, SameLatticesWithAndWithout) {
+  // Every index alone, every index left out, and none.
+  const unsigned variants[] = {kAll,           kAll & ~kFilter,     kAll & ~kFirstUnit,
+                               kAll & ~kPairs, kAll & ~kNames,      kFilter,
+                               kFirstUnit,     kFilter | kFirstUnit};
   for (unsigned seed = 1; seed <= 30; ++seed) {
     const Scenario s = random_scenario(seed, seed % 3 == 0 ? 5 : 150);
     NLPDIC *indexed = NLPDIC_Create(s.image.data());
-    NLPDIC *scanned = plain(s.image);
-    ASSERT_NE(reinterpret_cast<utils::nlpdict::DictObject *>(indexed)->filter.bits, nullptr);
+    auto *object = reinterpret_cast<utils::nlpdict::DictObject *>(indexed);
+    ASSERT_NE(object->filter.bits, nullptr);
+    ASSERT_NE(object->first.slot_of, nullptr);
     ASSERT_NE(indexed->Bigram->square, nullptr);
-    for (const std::u16string &text : s.texts) {
-      EXPECT_EQ(lattice(indexed, text, 1), lattice(scanned, text, 1)) << seed;
-      EXPECT_EQ(lattice(indexed, text, 0), lattice(scanned, text, 0)) << seed;
+    ASSERT_NE(indexed->Monogram->decoded, nullptr);
+    for (const unsigned which : variants) {
+      NLPDIC *other = without(s.image, which);
+      for (const std::u16string &text : s.texts) {
+        EXPECT_EQ(lattice(indexed, text, 1), lattice(other, text, 1)) << seed << " " << which;
+        EXPECT_EQ(lattice(indexed, text, 0), lattice(other, text, 0)) << seed << " " << which;
+      }
+      NLPDIC_Destroy(other);
     }
     NLPDIC_Destroy(indexed);
-    NLPDIC_Destroy(scanned);
+  }
+}
+
+// One reading of class 0 for each word.
+LengthEntry words(const std::vector<std::u16string> &list) {
+  LengthEntry e;
+  e.min = -10.0f;
+  e.max = -1.0f;
+  for (const std::u16string &w : list) {
+    e.words.push_back(w);
+    e.readings.push_back({{0, 128}});
+  }
+  return e;
+}
+
+TEST(DictIndexes, FirstUnitIndexRangesOfEachLength) {
+  // "ab" and "ac" begin with a, "ba" with b; the row after the last unit
+  // ends every range.
+  Bytes image = join({monogram({{u"N", 0}}, 0), word_table(3), word_class(1, words({u"a", u"c"})),
+                      word_class(2, words({u"ab", u"ac", u"ba"})), end_keyword()});
+  NLPDIC *d = NLPDIC_Create(image.data());
+  const auto &index = reinterpret_cast<utils::nlpdict::DictObject *>(d)->first;
+  ASSERT_NE(index.slot_of, nullptr);
+  const uint32_t a = index.slot_of[u'a'], b = index.slot_of[u'b'], c = index.slot_of[u'c'];
+  EXPECT_EQ(a, 1u);
+  EXPECT_EQ(b, 2u);
+  EXPECT_EQ(c, 3u);
+  EXPECT_EQ(index.slot_of[u'd'], 0u);
+  using utils::nlpdict::find_indexed;
+  EXPECT_EQ(find_indexed(d, index, a - 1, u"a", 1), 0);
+  EXPECT_EQ(find_indexed(d, index, b - 1, u"b", 1), -1);
+  EXPECT_EQ(find_indexed(d, index, c - 1, u"c", 1), 1);
+  EXPECT_EQ(find_indexed(d, index, a - 1, u"ab", 2), 0);
+  EXPECT_EQ(find_indexed(d, index, a - 1, u"ac", 2), 1);
+  EXPECT_EQ(find_indexed(d, index, a - 1, u"aa", 2), -1);
+  EXPECT_EQ(find_indexed(d, index, b - 1, u"ba", 2), 2);
+  EXPECT_EQ(find_indexed(d, index, c - 1, u"ca", 2), -1);
+  EXPECT_EQ(find_indexed(d, index, a - 1, u"abc", 3), -1);
+  NLPDIC_Destroy(d);
+}
+
+TEST(DictIndexes, NoFirstUnitIndexOverAListOutOfOrder) {
+  // A list that does not ascend strictly could be searched differently;
+  // the dictionary keeps the plain search, and its results.
+  for (const std::vector<std::u16string> &list :
+       {std::vector<std::u16string>{u"ba", u"ab"}, std::vector<std::u16string>{u"ab", u"ab"}}) {
+    Bytes image =
+        join({monogram({{u"N", 0}}, 0), word_table(2), word_class(2, words(list)), end_keyword()});
+    NLPDIC *d = NLPDIC_Create(image.data());
+    EXPECT_EQ(reinterpret_cast<utils::nlpdict::DictObject *>(d)->first.slot_of, nullptr);
+    NLPDIC *plain = without(image, kAll);
+    for (const char16_t *text : {u"abba", u"baab", u"aab"})
+      EXPECT_EQ(lattice(d, text, 1), lattice(plain, text, 1));
+    NLPDIC_Destroy(plain);
+    NLPDIC_Destroy(d);
   }
 }
 

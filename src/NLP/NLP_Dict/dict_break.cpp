@@ -35,6 +35,12 @@ struct Builder {
   uint32_t last_column;      // that column
   NLPDIC_Node *column_tail;  // last node of that column
   bool failed;
+  int32_t default_class;  // the class of unknown words
+  // The last node of each end column still being filled: nodes end at most
+  // six positions after the start being entered, so eight slots by end
+  // position suffice. tail_end holds the end position + 1 (0: none).
+  uint32_t tail_end[8];
+  NLPDIC_Node *tail[8];
 };
 
 NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
@@ -73,7 +79,16 @@ void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
     append_to(&b.begin[s], n, &NLPDIC_Node::NextInColumn);
   }
   b.column_tail = n;
-  append_to(&b.end[e], n, &NLPDIC_Node::NextEnding);
+  // An end column is filled only while starts up to six before it are
+  // entered; once its slot is taken by a later end it is complete.
+  const uint32_t slot = e & 7;
+  if (b.tail_end[slot] == e + 1) {
+    b.tail[slot]->NextEnding = n;
+  } else {
+    append_to(&b.end[e], n, &NLPDIC_Node::NextEnding);
+    b.tail_end[slot] = e + 1;
+  }
+  b.tail[slot] = n;
 }
 
 NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
@@ -83,20 +98,30 @@ NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, in
   if (n->node.Word == nullptr) return nullptr;
   n->node.Length = static_cast<int32_t>(units);
   n->node.ClassId = class_id;
+  const NLPDIC_ClassTable *classes = b.dict->Monogram;
+  if (classes != nullptr && classes->decoded != nullptr) {
+    if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
+      n->node.ClassName =
+          pool_string(b.pool, classes->decoded + (classes->name_at[class_id] - 1) / 2,
+                      classes->name_units[class_id]);
+      if (n->node.ClassName == nullptr) return nullptr;
+    }
+    return &n->node;
+  }
   uint32_t name_units = 0;
-  if (const uint8_t *name = class_name(b.dict->Monogram, class_id, &name_units); name != nullptr) {
+  if (const uint8_t *name = class_name(classes, class_id, &name_units); name != nullptr) {
     n->node.ClassName = pool_image_string(b.pool, name, name_units);
     if (n->node.ClassName == nullptr) return nullptr;
   }
   return &n->node;
 }
 
-// Enters the readings of `word` (zero-terminated, `units` long) starting at
-// position s; in character mode an unknown word longer than three units is
-// left out. `known` false: the word is certainly not in the dictionary and
-// is not looked up.
-void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
-                   bool known = true) {
+// Enters the readings of the word `word` (`units` long, not necessarily
+// terminated) starting at position s: those of local index `local` of
+// `list`, or, for a null list, one unknown node, left out in character mode
+// when it is longer than three units.
+void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
+           const NLPDIC_WordList *list, uint32_t local) {
   if (b.failed) return;
   if (b.head == nullptr) {
     b.head = make_sentinel(b, kBegin);
@@ -111,12 +136,9 @@ void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s
     b.column_tail = b.head;
   }
   const uint32_t e = characters ? s + units - 1 : s;
-  const int32_t id = known ? lookup_word_id(b.dict, word, units) : -1;
-  uint32_t local = 0;
-  const NLPDIC_WordList *list = id < 0 ? nullptr : locate_word_entry(b.dict, id, &local);
   if (list == nullptr) {
     if (characters && units > kMaxUnknown) return;
-    NLPDIC_Node *n = new_word_node(b, word, units, NLPDIC_GetDefaultID(b.dict));
+    NLPDIC_Node *n = new_word_node(b, word, units, b.default_class);
     if (n == nullptr) {
       b.failed = true;
       return;
@@ -140,8 +162,66 @@ void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s
   }
 }
 
+// The same for a word (zero-terminated) looked up through the dictionary's
+// cache. `known` false: the word is certainly not in the dictionary and is
+// not looked up.
+void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
+                   bool known = true) {
+  if (b.failed) return;
+  const int32_t id = known ? lookup_word_id(b.dict, word, units) : -1;
+  uint32_t local = 0;
+  const NLPDIC_WordList *list = id < 0 ? nullptr : locate_word_entry(b.dict, id, &local);
+  enter(b, word, units, s, characters, list, local);
+}
+
+// Character mode through the first-unit index: the candidates of each
+// start are searched among the words that begin with its unit.
+void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text, uint32_t n) {
+  for (uint32_t i = 0; i < n && !b.failed; ++i) {
+    const uint32_t slot = index.slot_of[static_cast<uint16_t>(text[i])];
+    // Once no word begins with the candidate, the longer ones are not
+    // words either: only unknown runs of up to three units remain. The
+    // word filter says so for most candidates without a search.
+    bool extends = slot != 0;
+    uint64_t h = filter_step(kFilterSeed, static_cast<uint16_t>(text[i]));
+    // The next start's first probes are nearly always made: their memory is
+    // asked for now, while this start's candidates are entered.
+    if (i + 2 < n) {
+      const uint64_t next2 =
+          filter_step(filter_step(kFilterSeed, static_cast<uint16_t>(text[i + 1])),
+                      static_cast<uint16_t>(text[i + 2]));
+      filter_prefetch(b.dict, next2, 2);
+      if (i + 3 < n)
+        filter_prefetch(b.dict, filter_step(next2, static_cast<uint16_t>(text[i + 3])), 3);
+    }
+    for (uint32_t len = 1; len <= kMaxCandidate && len <= n - i; ++len) {
+      if (len > 1) h = filter_step(h, static_cast<uint16_t>(text[i + len - 1]));
+      if (!extends && len > kMaxUnknown) break;
+      const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(b.dict, h, len);
+      const int32_t local =
+          (said & 1) == 0 ? -1 : find_indexed(b.dict, index, slot - 1, text + i, len);
+      if (local < 0)
+        enter(b, text + i, len, i + 1, true, nullptr, 0);
+      else
+        enter(b, text + i, len, i + 1, true, b.dict->WordTable[len], static_cast<uint32_t>(local));
+      extends = (said & 2) != 0;
+    }
+  }
+}
+
 float transition(const NLPDIC *dict, const NLPDIC_Node *p, const NLPDIC_Node *n) {
   if (p->ClassId <= -1 || n->ClassId <= -1) return kSentinelPair;
+  const NLPDIC_PairTable *pairs = dict->Bigram;
+  if (pairs != nullptr && pairs->square != nullptr) {
+    // The usual case, without a call.
+    const uint16_t prev = static_cast<uint16_t>(p->ClassId),
+                   next = static_cast<uint16_t>(n->ClassId);
+    const uint32_t a = prev < pairs->code_limit ? pairs->dense_of[prev] : 0;
+    const uint32_t c = next < pairs->code_limit ? pairs->dense_of[next] : 0;
+    if (a == 0 || c == 0) return kMissingPair;
+    const uint32_t found = pairs->square[(a - 1) * pairs->dense_count + c - 1];
+    return found == 0 ? kMissingPair : read_f32(pairs->Entries + uint64_t{found - 1} * 12 + 4);
+  }
   const uint8_t *entry = pair_entry(dict->Bigram, static_cast<uint16_t>(p->ClassId),
                                     static_cast<uint16_t>(n->ClassId));
   return entry == nullptr ? kMissingPair : read_f32(entry + 4);
@@ -167,7 +247,7 @@ void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, 
       n->PathScore = best;
       n->Link = best_pred;
     }
-    if (first != nullptr && bsr_wcscmp(first->Word, kEnd) == 0) break;
+    if (first != nullptr && first->Word[0] == kEnd[0] && bsr_wcscmp(first->Word, kEnd) == 0) break;
   }
 }
 
@@ -244,8 +324,24 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
     return nullptr;
   }
 
-  Builder b{dict, pool, dict->BeginColumns, dict->EndColumns, nullptr, nullptr, 0, nullptr, false};
-  if (characters) {
+  Builder b{dict,
+            pool,
+            dict->BeginColumns,
+            dict->EndColumns,
+            nullptr,
+            nullptr,
+            0,
+            nullptr,
+            false,
+            NLPDIC_GetDefaultID(dict),
+            {},
+            {}};
+  if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
+    add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, text, n);
+    // The lookup cache ends as a lookup of every candidate in turn would
+    // leave it: holding the last one, the text's last unit.
+    lookup_word_id(dict, text + n - 1, 1);
+  } else if (characters) {
     for (uint32_t i = 0; i < n && !b.failed; ++i) {
       // Once no word begins with the candidate, the longer ones are not
       // words either: only unknown runs of up to three units remain.
@@ -293,7 +389,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   while (p != nullptr) {
     NLPDIC_Node *before = p->Link;
     p->Link = from;
-    if (bsr_wcscmp(p->Word, kBegin) == 0) break;
+    if (p->Word[0] == kBegin[0] && bsr_wcscmp(p->Word, kBegin) == 0) break;
     from = p;
     p = before;
   }

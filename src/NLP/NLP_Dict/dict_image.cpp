@@ -38,11 +38,19 @@ NLPDIC_ClassTable *make_class_table(const uint8_t *body) {
   const uint8_t *name = t->Names;
   for (const uint8_t *code = t->Codes; code < t->CodesEnd; ++code) {
     if (name == nullptr) break;
-    if (*code < 255 && t->name_at[*code] == 0)
-      t->name_at[*code] = static_cast<uint32_t>(name - t->Names) + 1;
     const uint8_t *p = name;
     while (p + 1 < t->NamesEnd && read_u16(p) != 0) p += 2;
+    if (*code < 255 && t->name_at[*code] == 0) {
+      t->name_at[*code] = static_cast<uint32_t>(name - t->Names) + 1;
+      t->name_units[*code] = static_cast<uint32_t>(p - name) / 2;
+    }
     name = (p + 1 < t->NamesEnd) ? p + 2 : nullptr;
+  }
+  if (names_bytes < (1u << 20)) {
+    const uint32_t units = names_bytes / 2;
+    t->decoded = static_cast<bsr_wchar *>(zeroed((uint64_t{units} + 1) * sizeof(bsr_wchar)));
+    if (t->decoded != nullptr)
+      for (uint32_t k = 0; k < units; ++k) t->decoded[k] = read_u16(t->Names + 2 * k);
   }
   return t;
 }
@@ -221,7 +229,82 @@ void build_filter(DictObject *object) {
   }
 }
 
+// The first unit of word `w` of `list`.
+uint16_t first_unit(const NLPDIC_WordList *list, uint32_t w) {
+  return read_u16(list->Words + uint64_t{w} * list->L * 2);
+}
+
+// True when the words of `list` ascend strictly (compared unit by unit as
+// unsigned 16-bit values, as the lookup compares them).
+bool strictly_ascending(const NLPDIC_WordList *list) {
+  const uint32_t units = list->L;
+  for (uint32_t w = 1; w < list->WordCount; ++w) {
+    const uint8_t *a = list->Words + (uint64_t{w} - 1) * units * 2;
+    const uint8_t *b = a + units * 2;
+    uint32_t k = 0;
+    while (k < units && read_u16(a + 2 * k) == read_u16(b + 2 * k)) ++k;
+    if (k == units || read_u16(a + 2 * k) > read_u16(b + 2 * k)) return false;
+  }
+  return true;
+}
+
+void build_first_index(DictObject *object) {
+  NLPDIC *dict = &object->dict;
+  FirstUnitIndex &index = object->first;
+  const uint32_t slots = table_slots(dict);
+  uint64_t base = 0;
+  for (uint32_t l = 1; l < slots; ++l) {
+    const NLPDIC_WordList *list = dict->WordTable[l];
+    if (list == nullptr) continue;
+    if (l <= kIndexedUnits && !strictly_ascending(list)) return;
+    base += list->WordCount;
+  }
+  // Identifiers beyond 31 bits would not be found by the lookup.
+  if (base > static_cast<uint64_t>(INT32_MAX)) return;
+  index.slot_of = static_cast<uint16_t *>(zeroed(65536 * sizeof(uint16_t)));
+  if (index.slot_of == nullptr) return;
+  // Mark the units that begin an indexed word, then number them in order.
+  for (uint32_t l = 1; l < slots && l <= kIndexedUnits; ++l) {
+    const NLPDIC_WordList *list = dict->WordTable[l];
+    if (list == nullptr) continue;
+    for (uint32_t w = 0; w < list->WordCount; ++w) index.slot_of[first_unit(list, w)] = 1;
+  }
+  uint32_t count = 0;
+  for (uint32_t u = 0; u < 65536; ++u) {
+    if (index.slot_of[u] == 0) continue;
+    if (count == 65535) {  // a slot number must fit beside the "none" mark
+      bsr_free(index.slot_of);
+      index.slot_of = nullptr;
+      return;
+    }
+    index.slot_of[u] = static_cast<uint16_t>(++count);
+  }
+  index.starts = static_cast<uint32_t *>(zeroed((uint64_t{count} + 1) * kIndexedUnits * 4));
+  if (index.starts == nullptr) {
+    bsr_free(index.slot_of);
+    index.slot_of = nullptr;
+    return;
+  }
+  for (uint32_t l = 1; l <= kIndexedUnits; ++l) {
+    const NLPDIC_WordList *list = l < slots ? dict->WordTable[l] : nullptr;
+    const uint32_t words = list == nullptr ? 0 : list->WordCount;
+    uint32_t w = 0;
+    for (uint32_t u = 0; u < 65536; ++u) {
+      if (index.slot_of[u] == 0) continue;
+      while (w < words && first_unit(list, w) < u) ++w;
+      index.starts[(index.slot_of[u] - 1u) * kIndexedUnits + (l - 1)] = w;
+    }
+    index.starts[uint64_t{count} * kIndexedUnits + (l - 1)] = words;
+  }
+}
+
 }  // namespace
+
+void filter_prefetch(const NLPDIC *dict, uint64_t h, uint32_t units) {
+  const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
+  if (f.bits == nullptr || units > kFilteredUnits) return;
+  __builtin_prefetch(f.bits + (filter_mix(h, units) & f.mask));
+}
 
 unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units) {
   const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
@@ -312,17 +395,6 @@ void describe_word(const NLPDIC_WordList *list, uint32_t local, WordEntry *entry
   entry->first_record = local + extra;
 }
 
-uint8_t reading_class(const NLPDIC_WordList *list, uint32_t record) {
-  return list->Readings[uint64_t{record} * 4 + 1];
-}
-
-float reading_score(const NLPDIC_WordList *list, uint32_t record) {
-  const float quant = static_cast<float>(list->Readings[uint64_t{record} * 4 + 2]);
-  const float fraction = quant * 0.003921569f;
-  const float scaled = (list->ScoreMax - list->ScoreMin) * fraction;
-  return list->ScoreMin + scaled;
-}
-
 const uint8_t *class_name(const NLPDIC_ClassTable *classes, int32_t code, uint32_t *units) {
   *units = 0;
   if (classes == nullptr || code < 0 || code >= 255 || classes->name_at[code] == 0) return nullptr;
@@ -331,6 +403,12 @@ const uint8_t *class_name(const NLPDIC_ClassTable *classes, int32_t code, uint32
   while (p + 1 < classes->NamesEnd && read_u16(p) != 0) p += 2;
   *units = static_cast<uint32_t>(p - name) / 2;
   return name;
+}
+
+void free_class_table(NLPDIC_ClassTable *classes) {
+  if (classes == nullptr) return;
+  bsr_free(classes->decoded);
+  bsr_free(classes);
 }
 
 const uint8_t *pair_entry(const NLPDIC_PairTable *pairs, uint16_t prev, uint16_t next) {
@@ -375,7 +453,7 @@ UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
     const uint8_t *s = p + keyword_field(keyword);
     if (bsr_strcmp(keyword, "MONOGRAM") == 0) {
       // A repeated section replaces the earlier one, which is released.
-      bsr_free(dict->Monogram);
+      free_class_table(dict->Monogram);
       dict->Monogram = make_class_table(s + 4);
       p = s + 4 + read_u32(s);
     } else if (bsr_strcmp(keyword, "BIGRAM") == 0) {
@@ -412,12 +490,13 @@ UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
     }
   }
   build_filter(object);
+  build_first_index(object);
   return dict;
 }
 
 UTILS_API void NLPDIC_Destroy(NLPDIC *dict) {
   if (dict == nullptr) return;
-  bsr_free(dict->Monogram);
+  free_class_table(dict->Monogram);
   free_pair_table(dict->Bigram);
   free_word_table(dict);
   bsr_free(dict->BeginColumns);
@@ -425,6 +504,8 @@ UTILS_API void NLPDIC_Destroy(NLPDIC *dict) {
   destroy_model_holder(static_cast<ModelHolder *>(dict->PhraseBreakModel));
   destroy_model_holder(static_cast<ModelHolder *>(dict->StressModel));
   bsr_free(reinterpret_cast<DictObject *>(dict)->filter.bits);
+  bsr_free(reinterpret_cast<DictObject *>(dict)->first.slot_of);
+  bsr_free(reinterpret_cast<DictObject *>(dict)->first.starts);
   bsr_free(dict);
 }
 

@@ -22,6 +22,11 @@ struct NLPDIC_ClassTable {
   // Byte offset + 1 of the name of each code below 255 in Names, 0 for a
   // code that no byte carries: found once here, not per lattice node.
   uint32_t name_at[255];
+  uint32_t name_units[255];  // the length of that name in units
+  // The name block as aligned UTF-16 (name_at offsets halved), so that a
+  // node's copy of its class name is one block copy; null when it could
+  // not be made (the names are then read from the image).
+  bsr_wchar *decoded;
 };
 
 // "BIGRAM": the class-pair table, searched as if linearly (the first entry
@@ -92,12 +97,77 @@ struct WordFilter {
   uint64_t mask;   // 64-bit words - 1
 };
 
+// The words of lengths 1..kIndexedUnits by their first unit, built when the
+// dictionary is created so that segmentation searches, for each candidate,
+// only the few words that begin like it. Built only when every indexed list
+// is strictly ascending (then any search finds what the binary search
+// would) and the identifiers fit 31 bits.
+inline constexpr uint32_t kIndexedUnits = 6;
+struct FirstUnitIndex {
+  uint16_t
+      *slot_of;  // by unit: its slot + 1, 0 when no indexed word begins with it; null: no index
+  // Slot-major, kIndexedUnits entries a slot and one more slot at the end:
+  // the local index, in the list of length L, of the first word that begins
+  // with the slot's unit (entry L - 1); the next slot's entry ends the range.
+  uint32_t *starts;
+};
+
 // The dictionary object as NLPDIC_Create makes it: the record callers see,
 // then what only the library reads.
 struct DictObject {
   NLPDIC dict;
   WordFilter filter;
+  FirstUnitIndex first;
 };
+
+// Units 1..4 of a word of `units` units (at most 5), packed so that
+// comparing the packed values compares the units in order.
+inline uint64_t packed_tail(const uint8_t *word, uint32_t units) {
+  uint64_t key = 0;
+  for (uint32_t k = 1; k < units; ++k) key = key << 16 | read_u16(word + 2 * k);
+  return key;
+}
+
+// Searches the words of length `units` (at most kIndexedUnits) that begin
+// with word[0], through the index: the local index in that list, or -1.
+// Call only when the index exists and slot_of[word[0]] is not 0.
+inline int32_t find_indexed(const NLPDIC *dict, const FirstUnitIndex &index, uint32_t slot,
+                            const bsr_wchar *word, uint32_t units) {
+  const uint32_t *row = index.starts + uint64_t{slot} * kIndexedUnits + (units - 1);
+  uint32_t lo = row[0], hi = row[kIndexedUnits];
+  if (lo == hi) return -1;
+  const uint8_t *words = dict->WordTable[units]->Words;
+  const uint32_t stride = units * 2;
+  if (units <= 5) {
+    // The first unit is shared by the whole range; the rest fit 64 bits.
+    uint64_t key = 0;
+    for (uint32_t k = 1; k < units; ++k) key = key << 16 | static_cast<uint16_t>(word[k]);
+    uint32_t base = lo, n = hi - lo;
+    while (n > 1) {
+      const uint32_t half = n / 2;
+      base = packed_tail(words + uint64_t{base + half} * stride, units) <= key ? base + half : base;
+      n -= half;
+    }
+    return packed_tail(words + uint64_t{base} * stride, units) == key ? static_cast<int32_t>(base)
+                                                                      : -1;
+  }
+  while (lo < hi) {
+    const uint32_t mid = lo + (hi - lo) / 2;
+    const uint8_t *entry = words + uint64_t{mid} * stride;
+    int order = 0;
+    for (uint32_t k = 1; k < units && order == 0; ++k) {
+      const uint16_t a = static_cast<uint16_t>(word[k]);
+      const uint16_t b = read_u16(entry + 2 * k);
+      order = a < b ? -1 : (a > b ? 1 : 0);
+    }
+    if (order == 0) return static_cast<int32_t>(mid);
+    if (order > 0)
+      lo = mid + 1;
+    else
+      hi = mid;
+  }
+  return -1;
+}
 
 // The filter's hash of a run of units, extended one unit at a time:
 // filter_step(filter_step(kFilterSeed, a), b) for the run "ab".
@@ -108,6 +178,10 @@ inline uint64_t filter_step(uint64_t h, uint16_t unit) { return (h ^ unit) * 109
 // bit 0 set when it may be a word, bit 1 when it may be a proper prefix of
 // a longer word. Both set when there is no filter.
 unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units);
+
+// Asks the memory for the part of the filter that filter_probe(dict, h,
+// units) will read, so that the probe need not wait for it. Changes nothing.
+void filter_prefetch(const NLPDIC *dict, uint64_t h, uint32_t units);
 
 // The identifier of `word` (`units` code units, zero-terminated), or -1,
 // through the one-entry cache of the dictionary.
@@ -120,11 +194,20 @@ const NLPDIC_WordList *locate_word_entry(const NLPDIC *dict, int32_t id, uint32_
 void describe_word(const NLPDIC_WordList *list, uint32_t local, WordEntry *entry);
 
 // Class code and dequantised score of record `record` of `list`.
-uint8_t reading_class(const NLPDIC_WordList *list, uint32_t record);
-float reading_score(const NLPDIC_WordList *list, uint32_t record);
+inline uint8_t reading_class(const NLPDIC_WordList *list, uint32_t record) {
+  return list->Readings[uint64_t{record} * 4 + 1];
+}
+inline float reading_score(const NLPDIC_WordList *list, uint32_t record) {
+  const float quant = static_cast<float>(list->Readings[uint64_t{record} * 4 + 2]);
+  const float fraction = quant * 0.003921569f;
+  const float scaled = (list->ScoreMax - list->ScoreMin) * fraction;
+  return list->ScoreMin + scaled;
+}
 
 // The name of class `code` (in the image) and its length in units, or null.
 const uint8_t *class_name(const NLPDIC_ClassTable *classes, int32_t code, uint32_t *units);
+
+void free_class_table(NLPDIC_ClassTable *classes);
 
 // The first class-pair record for (prev, next), or null.
 const uint8_t *pair_entry(const NLPDIC_PairTable *pairs, uint16_t prev, uint16_t next);

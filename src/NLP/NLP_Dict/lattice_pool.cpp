@@ -10,7 +10,6 @@ namespace utils::nlpdict {
 
 struct PoolBlock {
   PoolBlock *next;
-  uint32_t used;
   uint32_t size;
   // The block's bytes follow, 16-aligned.
 };
@@ -21,27 +20,22 @@ constexpr uint32_t kHeader = (sizeof(PoolBlock) + 15) & ~15u;
 constexpr uint32_t kMinBlock = 4096;
 constexpr uint32_t kMaxBlock = 1u << 22;
 
-void *take(LatticePool *pool, uint32_t bytes) {
-  bytes = (bytes + 7) & ~7u;
-  PoolBlock *b = pool->blocks;
-  if (b == nullptr || b->size - b->used < bytes) {
-    uint32_t size = pool->next_size;
-    if (size < bytes) size = bytes;
-    auto *fresh = static_cast<PoolBlock *>(bsr_safe_alloc(kHeader + size));
-    if (fresh == nullptr) return nullptr;
-    fresh->next = pool->blocks;
-    fresh->used = 0;
-    fresh->size = size;
-    pool->blocks = fresh;
-    if (pool->next_size < kMaxBlock) pool->next_size *= 2;
-    b = fresh;
-  }
-  unsigned char *at = reinterpret_cast<unsigned char *>(b) + kHeader + b->used;
-  b->used += bytes;
+}  // namespace
+
+void *take_from_new_block(LatticePool *pool, uint32_t bytes) {
+  uint32_t size = pool->next_size;
+  if (size < bytes) size = bytes;
+  auto *fresh = static_cast<PoolBlock *>(bsr_safe_alloc(kHeader + size));
+  if (fresh == nullptr) return nullptr;
+  fresh->next = pool->blocks;
+  fresh->size = size;
+  pool->blocks = fresh;
+  if (pool->next_size < kMaxBlock) pool->next_size *= 2;
+  unsigned char *at = reinterpret_cast<unsigned char *>(fresh) + kHeader;
+  pool->cursor = at + bytes;
+  pool->limit = at + size;
   return at;
 }
-
-}  // namespace
 
 LatticePool *make_pool(uint64_t first_bytes) {
   auto *pool = static_cast<LatticePool *>(bsr_safe_calloc(sizeof(LatticePool)));
@@ -62,21 +56,8 @@ void free_pool(LatticePool *pool) {
   bsr_free(pool);
 }
 
-LatticeNode *pool_node(LatticePool *pool) {
-  // Blocks come zero-filled and their bytes are handed out once.
-  return static_cast<LatticeNode *>(take(pool, sizeof(LatticeNode)));
-}
-
-bsr_wchar *pool_string(LatticePool *pool, const bsr_wchar *text, uint32_t units) {
-  auto *s = static_cast<bsr_wchar *>(take(pool, (units + 1) * sizeof(bsr_wchar)));
-  if (s == nullptr) return nullptr;
-  std::memcpy(s, text, units * sizeof(bsr_wchar));
-  s[units] = 0;
-  return s;
-}
-
 bsr_wchar *pool_image_string(LatticePool *pool, const uint8_t *text, uint32_t units) {
-  auto *s = static_cast<bsr_wchar *>(take(pool, (units + 1) * sizeof(bsr_wchar)));
+  auto *s = static_cast<bsr_wchar *>(pool_take(pool, (units + 1) * sizeof(bsr_wchar)));
   if (s == nullptr) return nullptr;
   for (uint32_t k = 0; k < units; ++k)
     s[k] = static_cast<bsr_wchar>(text[2 * k] | text[2 * k + 1] << 8);
