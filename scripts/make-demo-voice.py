@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # make-demo-voice.py - writes the demonstration voice of "utts generate",
-# data/demo-voice/{durations,lf0,spectrum}.model, in the readable form of
+# data/demo-voice/{durations,lf0,cepstrum}.model, in the readable form of
 # "utts compile-model". The numbers are set by hand from textbook figures
 # (Mandarin tone shapes in Chao's five levels, a falling declination, typical
 # segment lengths); nothing is trained. Run it again after changing a figure;
@@ -318,7 +318,7 @@ def spectrum():
                    q("OpenVowel", q("CloseVowel", L(2), L(3)), L(1))),
                  L(0))
         trees.append("# State %d\n" % (st + 2) + emit_tree(st + 2, tree))
-    text = BANNER.format(name="spectrum.model")
+    text = BANNER.format(name="cepstrum.model")
     text += """
 # Spectrum: stream value 0x2nnnn, nnnn the static dimensions (4). Means in
 # thousandths (window value 1000), window-major: four static values, four
@@ -338,7 +338,7 @@ statistics 1
 extra 00
 """ % (scale, len(rows.rows), PHONE_QUESTIONS, CONTEXT_QUESTIONS, "\n".join(trees),
        rows_text(rows, True))
-    write("spectrum.model", text)
+    write("cepstrum.model", text)
 
 
 def main():
