@@ -61,11 +61,6 @@ struct Options {
   bool stages = false, help = false;
 };
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 bool parse_options(int argc, char **argv, Options &options, std::string &error) {
   bool have_input = false;
   for (int i = 0; i < argc; ++i) {

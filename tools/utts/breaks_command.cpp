@@ -36,11 +36,6 @@ const char kUsage[] =
     "  -o, --output FILE  write to FILE\n"
     "  -h, --help         show this help\n";
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 // The words of one line with their breaks.
 std::string line_breaks(NLPDIC *dict, const std::u16string &text, bool tokens) {
   NLPDIC_Node *head = NLPDIC_DictBreak(dict, text.c_str(), tokens ? 0 : 1);

@@ -45,11 +45,6 @@ const char kModelUsage[] =
     "  -o, --output FILE  write the image to FILE\n"
     "  -h, --help         show this help\n";
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 bool write_file(const std::string &path, const std::string &bytes, std::string &error) {
   std::FILE *out = path == "-" ? stdout : std::fopen(path.c_str(), "wb");
   if (out == nullptr) {

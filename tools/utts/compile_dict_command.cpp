@@ -39,11 +39,6 @@ const char kUsage[] =
     "  -o, --output FILE     the image to write\n"
     "  -h, --help            show this help\n";
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 int run_compile_dict(int argc, char **argv) {
   std::vector<std::pair<std::string, std::string>> inputs;  // (file, section)
   std::string output, phrase_break, stress;

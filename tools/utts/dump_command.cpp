@@ -32,11 +32,6 @@ std::string usage_text() {
 
 const std::string kUsage = usage_text();
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 int run_dump(int argc, char **argv) {
   std::string input = "-", kind, image, error;
   bool have_input = false;

@@ -11,6 +11,11 @@
 
 namespace utts {
 
+int fail(const std::string &message, int status) {
+  std::fprintf(stderr, "utts: %s\n", message.c_str());
+  return status;
+}
+
 namespace {
 
 bool read_stream(std::FILE *in, std::string &text) {

@@ -7,6 +7,10 @@
 
 namespace utts {
 
+// Writes "utts: MESSAGE" and a line feed to standard error and returns
+// `status`: the one-line error every command ends with.
+int fail(const std::string &message, int status = 1);
+
 // Reads all of `path` ("-": standard input) into `text`. On failure returns
 // false with a reason in `error`.
 bool read_all(const std::string &path, std::string &text, std::string &error);

@@ -48,11 +48,6 @@ const char kUsage[] =
     "                        below, phone boundaries marked)\n"
     "  -h, --help            show this help\n";
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 struct Options {
   std::vector<std::string> models;
   std::string labels_file = "-", fields_file, output = "-", format = "text", plot;

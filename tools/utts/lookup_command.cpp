@@ -38,11 +38,6 @@ const char kUsage[] =
     "  -t, --tree N       only tree N (from 0)\n"
     "  -h, --help         show this help\n";
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 struct Options {
   std::string fields_file, image_file, labels_file = "-";
   int tree = -1;

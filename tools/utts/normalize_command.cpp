@@ -59,11 +59,6 @@ struct Options {
   bool help = false;
 };
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 // Parses the options; on error returns false with a message.
 bool parse_options(int argc, char **argv, Options &options, std::string &error) {
   bool have_input = false;

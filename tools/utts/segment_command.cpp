@@ -34,11 +34,6 @@ const char kUsage[] =
     "  -o, --output FILE  write to FILE\n"
     "  -h, --help         show this help\n";
 
-int fail(const std::string &message, int status = 1) {
-  std::fprintf(stderr, "utts: %s\n", message.c_str());
-  return status;
-}
-
 int run_segment(int argc, char **argv) {
   std::string dict_file = UTTS_SAMPLE_DICT, input = "-", output = "-";
   bool tokens = false, scores = false, have_input = false;
