@@ -10,6 +10,7 @@
 #include "utterance.h"
 #include "utts/command.h"
 #include "utts/dict_source.h"
+#include "utts/dictionary_file.h"
 #include "utts/file_io.h"
 
 #ifndef UTTS_SAMPLE_DICT
@@ -97,15 +98,12 @@ int run_breaks(int argc, char **argv) {
       have_input = true;
     }
   }
-  std::string image, text, error;
+  std::string text, error;
   if (dict_file.empty()) return fail("no dictionary given (-d)", 2);
-  if (!read_all(dict_file, image, error)) return fail(error);
-  if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0)
-    return fail("'" + dict_file + "' is not a sound dictionary image (fault at offset " +
-                std::to_string(fault) + ")");
+  DictionaryFile dictionary;
+  if (!dictionary.open(dict_file, error)) return fail(error);
   if (!read_all(input, text, error)) return fail(error);
-  NLPDIC *dict = NLPDIC_Create(image.data());
-  if (dict == nullptr) return fail("out of memory");
+  NLPDIC *dict = dictionary.get();
   std::string out;
   std::istringstream lines(text);
   std::string line;
@@ -113,7 +111,6 @@ int run_breaks(int argc, char **argv) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     out += line_breaks(dict, utf8_to_utf16(line), tokens) + "\n";
   }
-  NLPDIC_Destroy(dict);
   std::FILE *f = output == "-" ? stdout : std::fopen(output.c_str(), "wb");
   if (f == nullptr) return fail("cannot write '" + output + "'");
   const bool written = std::fwrite(out.data(), 1, out.size(), f) == out.size();

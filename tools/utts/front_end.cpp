@@ -44,23 +44,12 @@ std::string guess_language(const std::string &text) {
   return "en-US";
 }
 
-FrontEnd::~FrontEnd() { NLPDIC_Destroy(dict_); }
-
 bool FrontEnd::open_dictionary(const std::string &path, std::string &error) {
   if (path.empty()) {
     error = "no dictionary given (-d)";
     return false;
   }
-  if (!read_all(path, image_, error)) return false;
-  if (const size_t fault = NLPDIC_Check(image_.data(), image_.size()); fault != 0) {
-    error = "'" + path + "' is not a sound dictionary image (fault at offset " +
-            std::to_string(fault) + ")";
-    return false;
-  }
-  NLPDIC_Destroy(dict_);
-  dict_ = NLPDIC_Create(image_.data());
-  if (dict_ == nullptr) error = "out of memory";
-  return dict_ != nullptr;
+  return dictionary_.open(path, error);
 }
 
 bool FrontEnd::analyze(utterance *u, const std::string &input, const std::string &input_name,
@@ -90,7 +79,7 @@ bool FrontEnd::analyze(utterance *u, const std::string &input, const std::string
   show("normalisation", lang, root);
   const int sentences = wrap_sentences(root);
   show("sentences", std::to_string(sentences), root);
-  const int words = make_word_elements(u, root, dict_, result.lang);
+  const int words = make_word_elements(u, root, dictionary_.get(), result.lang);
   show("words", std::to_string(words), root);
   result.pronounced = pronounce_words(root);
   const PronunciationCount &said = result.pronounced;
@@ -98,10 +87,10 @@ bool FrontEnd::analyze(utterance *u, const std::string &input, const std::string
        std::to_string(said.pronounced) + " pronounced, " + std::to_string(said.unknown) +
            " without a reading, " + std::to_string(said.other) + " of other languages",
        root);
-  PWordBreak(dict_, u);
-  PhraseBreak_Process(NLPDIC_GetPhraseBreakPointer(dict_), u);
+  PWordBreak(dictionary_.get(), u);
+  PhraseBreak_Process(NLPDIC_GetPhraseBreakPointer(dictionary_.get()), u);
   show("breaks", "", root);
-  stress_and_phrases(u, dict_, root, result.lang);
+  stress_and_phrases(u, dictionary_.get(), root, result.lang);
   show("stress", "", root);
   return true;
 }

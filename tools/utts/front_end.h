@@ -11,6 +11,7 @@
 
 #include "nlp_dict.h"
 #include "utterance.h"
+#include "utts/dictionary_file.h"
 #include "utts/word_pronunciation.h"
 
 namespace utts {
@@ -32,7 +33,6 @@ struct Analysis {
 class FrontEnd {
  public:
   FrontEnd() = default;
-  ~FrontEnd();
   FrontEnd(const FrontEnd &) = delete;
   FrontEnd &operator=(const FrontEnd &) = delete;
 
@@ -48,8 +48,7 @@ class FrontEnd {
                const AnalysisOptions &options, Analysis &result, std::string &error) const;
 
  private:
-  std::string image_;
-  NLPDIC *dict_ = nullptr;
+  DictionaryFile dictionary_;
 };
 
 // The language plain text is taken for: zh-CN when it holds a Han
