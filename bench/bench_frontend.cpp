@@ -26,6 +26,7 @@
 #include <vector>
 
 #include "bench_runner.h"
+#include "resident_size.h"
 #include "utterance.h"
 #include "utts/front_end.h"
 #include "utts/label_fields.h"
@@ -94,15 +95,6 @@ Fixture &fixture() {
   return f;
 }
 
-long resident_kb() {
-  long pages = 0, resident = 0;
-  std::FILE *f = std::fopen("/proc/self/statm", "r");
-  if (f == nullptr) return -1;
-  if (std::fscanf(f, "%ld %ld", &pages, &resident) != 2) resident = -1;
-  std::fclose(f);
-  return resident < 0 ? -1 : resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
 // 10,000 utterances analysed, generated and freed; the resident size every
 // 1,000, and the real-time factor over all of them.
 void resident_size_check() {
@@ -122,7 +114,7 @@ void resident_size_check() {
     }
     audio_s += tracks.frames * utts::kFrameMs / 1000.0;
     if (n % 1000 == 0) {
-      last = resident_kb();
+      last = bench::resident_kb();
       if (n == 1000) after_first = last;
       std::printf("  %5d utterances: %ld KB\n", n, last);
     }

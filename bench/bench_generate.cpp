@@ -33,6 +33,7 @@
 #include "bench_runner.h"
 #include "context_label.h"
 #include "prosodic_hierarchy.h"
+#include "resident_size.h"
 #include "ssml_io.h"
 #include "ssml_tags.h"
 #include "utt_walk.h"
@@ -160,15 +161,6 @@ Fixture &fixture() {
   return f;
 }
 
-long resident_kb() {
-  long pages = 0, resident = 0;
-  std::FILE *f = std::fopen("/proc/self/statm", "r");
-  if (f == nullptr) return -1;
-  if (std::fscanf(f, "%ld %ld", &pages, &resident) != 2) resident = -1;
-  std::fclose(f);
-  return resident < 0 ? -1 : resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
 // 10,000 utterances, each built, generated and freed; the resident size
 // every 1,000.
 void resident_size_check() {
@@ -187,7 +179,7 @@ void resident_size_check() {
       return;
     }
     if (n % 1000 == 0) {
-      last = resident_kb();
+      last = bench::resident_kb();
       if (n == 1000) after_first = last;
       if (n == 2000) after_second = last;
       std::printf("  %5d utterances: %ld KB\n", n, last);
