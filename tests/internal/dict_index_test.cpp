@@ -1,11 +1,13 @@
 // dict_index_test.cpp - the indexes a dictionary builds when it is created
 // (the word filter, the first-unit word index, the decoded class names, the
-// square and hashed class-pair indexes) change no result: random
-// dictionaries and texts segmented with them, with some of them, and with
-// plain binary searches and a linear scan of the pairs give the same
-// lattices.
+// square and hashed class-pair indexes, the square of transition scores)
+// change no result: random dictionaries and texts segmented with them, with
+// some of them, and with plain binary searches and a linear scan of the
+// pairs give the same lattices.
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <map>
 #include <random>
 #include <set>
 #include <string>
@@ -41,9 +43,17 @@ Scenario random_scenario(unsigned seed, size_t pairs) {
     classes.push_back(
         {std::u16string(1, static_cast<char16_t>(u'A' + c)), static_cast<uint8_t>(c)});
   std::vector<PairEntry> table;
+  // Some pairs score -inf or NaN, so that nodes no predecessor reaches keep
+  // the predecessor chosen before them.
+  auto pair_score = [&] {
+    const int kind = pick(40);
+    if (kind == 0) return -std::numeric_limits<float>::infinity();
+    if (kind == 1) return std::numeric_limits<float>::quiet_NaN();
+    return -static_cast<float>(pick(40)) / 4.0f;
+  };
   for (size_t k = 0; k < pairs; ++k)
-    table.push_back({static_cast<uint16_t>(pick(10)), static_cast<uint16_t>(pick(10)),
-                     -static_cast<float>(pick(40)) / 4.0f, 0.0f});
+    table.push_back(
+        {static_cast<uint16_t>(pick(10)), static_cast<uint16_t>(pick(10)), pair_score(), 0.0f});
   std::vector<Bytes> parts = {monogram(classes, 9), bigram(table), word_table(6)};
   for (size_t len = 1; len <= 6; ++len) {
     if (by_length[len].empty()) continue;
@@ -53,7 +63,9 @@ Scenario random_scenario(unsigned seed, size_t pairs) {
     for (const std::u16string &w : by_length[len]) {
       e.words.push_back(w);
       std::vector<ReadingEntry> readings;
-      const int n = 1 + (pick(4) == 0 ? pick(3) : 0);
+      // A few words have so many readings that their columns are searched
+      // node by node rather than through the score square.
+      const int n = pick(60) == 0 ? 40 + pick(40) : 1 + (pick(4) == 0 ? pick(3) : 0);
       for (int r = 0; r < n; ++r)
         readings.push_back({static_cast<uint8_t>(pick(10)), static_cast<uint8_t>(pick(256))});
       e.readings.push_back(readings);
@@ -72,16 +84,22 @@ Scenario random_scenario(unsigned seed, size_t pairs) {
   return s;
 }
 
-// Every node of the lattice in column order, and the chosen path.
+// Every node of the lattice in column order with the node its Link names
+// (off the chosen path: its best predecessor), and the chosen path.
 std::string lattice(NLPDIC *d, const std::u16string &text, int mode) {
   NLPDIC_Node *head = NLPDIC_DictBreak(d, text.c_str(), mode);
   if (head == nullptr) return "(null)";
+  std::map<const NLPDIC_Node *, int> ordinal;
+  for (NLPDIC_Node *c = head; c != nullptr; c = c->NextColumn)
+    for (NLPDIC_Node *n = c; n != nullptr; n = n->NextInColumn)
+      ordinal.emplace(n, static_cast<int>(ordinal.size()));
   std::string out;
-  char buf[96];
+  char buf[128];
   for (NLPDIC_Node *c = head; c != nullptr; c = c->NextColumn)
     for (NLPDIC_Node *n = c; n != nullptr; n = n->NextInColumn) {
-      std::snprintf(buf, sizeof buf, "%d/%d/%a/%a ", n->Length, n->ClassId,
-                    static_cast<double>(n->Score), static_cast<double>(n->PathScore));
+      const int link = n->Link == nullptr ? -1 : ordinal.at(n->Link);
+      std::snprintf(buf, sizeof buf, "%d/%d/%a/%a->%d ", n->Length, n->ClassId,
+                    static_cast<double>(n->Score), static_cast<double>(n->PathScore), link);
       out += buf;
     }
   out += "| ";
@@ -111,9 +129,11 @@ NLPDIC *without(const Bytes &image, unsigned which) {
   if ((which & kPairs) != 0 && d->Bigram != nullptr) {
     NLPDIC_PairTable *t = d->Bigram;
     bsr_free(t->square);
+    bsr_free(t->scores);
     bsr_free(t->dense_of);
     bsr_free(t->index);
     t->square = nullptr;
+    t->scores = nullptr;
     t->dense_of = nullptr;
     t->index = nullptr;
   }

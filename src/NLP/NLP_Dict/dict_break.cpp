@@ -14,8 +14,6 @@ constexpr uint32_t kMaxCandidate = 6;     // longest candidate in character mode
 constexpr uint32_t kMaxUnknown = 3;       // longest unknown candidate entered there
 constexpr uint32_t kTokenLimit = 256;     // more tokens than this fail the split
 constexpr float kUnknownScore = -100.0f;  // score of a word not in the dictionary
-constexpr float kMissingPair = -100.0f;   // transition of a pair not in the table
-constexpr float kSentinelPair = -0.3f;    // transition from or to a sentinel
 constexpr float kNoPath = -500000.0f;     // starting best of the search
 
 const bsr_wchar kBegin[] = u"BEGTOK";
@@ -211,42 +209,102 @@ void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text,
 
 float transition(const NLPDIC *dict, const NLPDIC_Node *p, const NLPDIC_Node *n) {
   if (p->ClassId <= -1 || n->ClassId <= -1) return kSentinelPair;
-  const NLPDIC_PairTable *pairs = dict->Bigram;
-  if (pairs != nullptr && pairs->square != nullptr) {
-    // The usual case, without a call.
-    const uint16_t prev = static_cast<uint16_t>(p->ClassId),
-                   next = static_cast<uint16_t>(n->ClassId);
-    const uint32_t a = prev < pairs->code_limit ? pairs->dense_of[prev] : 0;
-    const uint32_t c = next < pairs->code_limit ? pairs->dense_of[next] : 0;
-    if (a == 0 || c == 0) return kMissingPair;
-    const uint32_t found = pairs->square[(a - 1) * pairs->dense_count + c - 1];
-    return found == 0 ? kMissingPair : read_f32(pairs->Entries + uint64_t{found - 1} * 12 + 4);
-  }
   const uint8_t *entry = pair_entry(dict->Bigram, static_cast<uint16_t>(p->ClassId),
                                     static_cast<uint16_t>(n->ClassId));
   return entry == nullptr ? kMissingPair : read_f32(entry + 4);
 }
 
-// The class-pair Viterbi search over columns 1..last. The best predecessor
-// is deliberately not reset between nodes: a node that no predecessor
-// scores above the starting best keeps the one chosen for the node before.
+// One column of the class-pair Viterbi search, node by node and predecessor
+// by predecessor. The best predecessor is deliberately not reset between
+// nodes: a node that no predecessor scores above the starting best keeps
+// the one chosen for the node before (`best_pred`, carried across columns).
+void search_column(const NLPDIC *dict, NLPDIC_Node *first, NLPDIC_Node *enders,
+                   NLPDIC_Node *&best_pred) {
+  for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
+    float best = kNoPath;
+    for (NLPDIC_Node *p = enders; p != nullptr; p = p->NextEnding) {
+      const float reached = p->PathScore + p->Score;
+      const float x = reached + transition(dict, p, n);
+      if (x > best) {
+        best = x;
+        best_pred = p;
+      }
+    }
+    n->PathScore = best;
+    n->Link = best_pred;
+  }
+}
+
+// The same column through the score square, with the same arithmetic in
+// the same order, so with the same results. The nodes and predecessors are
+// first gathered into arrays, and the predecessors are the outer loop, so
+// that the comparisons of different nodes do not wait on each other.
+// Returns false, having changed nothing, when the column has more nodes or
+// predecessors than the arrays hold.
+constexpr uint32_t kGathered = 48;
+
+// A class's row (or column) in the score square.
+uint32_t square_row(const NLPDIC_PairTable *pairs, int32_t class_id) {
+  if (class_id <= -1) return pairs->dense_count + 1;
+  const uint16_t code = static_cast<uint16_t>(class_id);
+  return code < pairs->code_limit ? pairs->dense_of[code] : 0;
+}
+
+bool search_column_square(const NLPDIC_PairTable *pairs, NLPDIC_Node *first,
+                          NLPDIC_Node *enders, NLPDIC_Node *&best_pred) {
+  NLPDIC_Node *node[kGathered];
+  uint32_t column[kGathered];
+  float best[kGathered];
+  int32_t chosen[kGathered];
+  uint32_t nodes = 0;
+  for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
+    if (nodes == kGathered) return false;
+    node[nodes] = n;
+    column[nodes] = square_row(pairs, n->ClassId);
+    best[nodes] = kNoPath;
+    chosen[nodes] = -1;
+    ++nodes;
+  }
+  NLPDIC_Node *pred[kGathered];
+  float reached[kGathered];
+  const float *row[kGathered];
+  uint32_t preds = 0;
+  const uint32_t side = pairs->dense_count + 2;
+  for (NLPDIC_Node *p = enders; p != nullptr; p = p->NextEnding) {
+    if (preds == kGathered) return false;
+    pred[preds] = p;
+    reached[preds] = p->PathScore + p->Score;
+    row[preds] = pairs->scores + square_row(pairs, p->ClassId) * side;
+    ++preds;
+  }
+  for (uint32_t j = 0; j < preds; ++j) {
+    const float from = reached[j];
+    const float *scores = row[j];
+    for (uint32_t i = 0; i < nodes; ++i) {
+      const float x = from + scores[column[i]];
+      if (x > best[i]) {
+        best[i] = x;
+        chosen[i] = static_cast<int32_t>(j);
+      }
+    }
+  }
+  for (uint32_t i = 0; i < nodes; ++i) {
+    if (chosen[i] >= 0) best_pred = pred[chosen[i]];
+    node[i]->PathScore = best[i];
+    node[i]->Link = best_pred;
+  }
+  return true;
+}
+
+// The search over columns 1..last, stopping after the "ENDTOK" column.
 void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, uint32_t last) {
+  const NLPDIC_PairTable *pairs = dict->Bigram;
+  const bool square = pairs != nullptr && pairs->scores != nullptr;
   NLPDIC_Node *best_pred = nullptr;
   for (uint32_t k = 1; k <= last; ++k) {
     NLPDIC_Node *first = begin[k];
-    for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
-      float best = kNoPath;
-      for (NLPDIC_Node *p = end[k - 1]; p != nullptr; p = p->NextEnding) {
-        const float reached = p->PathScore + p->Score;
-        const float x = reached + transition(dict, p, n);
-        if (x > best) {
-          best = x;
-          best_pred = p;
-        }
-      }
-      n->PathScore = best;
-      n->Link = best_pred;
-    }
+    if (!square || !search_column_square(pairs, first, end[k - 1], best_pred))
+      search_column(dict, first, end[k - 1], best_pred);
     if (first != nullptr && first->Word[0] == kEnd[0] && bsr_wcscmp(first->Word, kEnd) == 0) break;
   }
 }

@@ -61,6 +61,23 @@ uint32_t hash_pair(uint32_t key) { return (key * 2654435761u) >> 7; }
 // in cache, and the hashed index serves.
 constexpr uint32_t kMaxDenseClasses = 256;
 
+void make_score_square(NLPDIC_PairTable *t) {
+  const uint32_t side = t->dense_count + 2;
+  t->scores = static_cast<float *>(zeroed(uint64_t{side} * side * sizeof(float)));
+  if (t->scores == nullptr) return;
+  for (uint32_t a = 0; a < side; ++a)
+    for (uint32_t c = 0; c < side; ++c) {
+      float score = kMissingPair;
+      if (a == side - 1 || c == side - 1) {
+        score = kSentinelPair;
+      } else if (a > 0 && c > 0) {
+        const uint32_t found = t->square[(a - 1) * t->dense_count + c - 1];
+        if (found != 0) score = read_f32(t->Entries + uint64_t{found - 1} * 12 + 4);
+      }
+      t->scores[a * side + c] = score;
+    }
+}
+
 bool make_square(NLPDIC_PairTable *t) {
   uint32_t limit = 0;
   for (uint32_t e = 0; e < t->PairCount; ++e) {
@@ -89,6 +106,7 @@ bool make_square(NLPDIC_PairTable *t) {
                                t->dense_of[read_u16(entry + 2)] - 1u];
     if (slot == 0) slot = e + 1;  // an earlier entry of the pair wins
   }
+  make_score_square(t);
   return true;
 }
 
@@ -100,8 +118,10 @@ NLPDIC_PairTable *make_pair_table(const uint8_t *body) {
   if (make_square(t)) return t;
   bsr_free(t->dense_of);
   bsr_free(t->square);
+  bsr_free(t->scores);
   t->dense_of = nullptr;
   t->square = nullptr;
+  t->scores = nullptr;
   // A table of at least twice the pairs keeps probe runs short; without
   // memory for it the lookups scan, with the same results.
   uint64_t slots = 16;
@@ -164,6 +184,7 @@ void free_pair_table(NLPDIC_PairTable *t) {
   if (t == nullptr) return;
   bsr_free(t->dense_of);
   bsr_free(t->square);
+  bsr_free(t->scores);
   bsr_free(t->index);
   bsr_free(t);
 }

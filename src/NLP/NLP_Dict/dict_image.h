@@ -42,6 +42,12 @@ struct NLPDIC_PairTable {
   uint32_t code_limit;  // codes below this have a dense_of slot
   uint32_t dense_count;
   uint32_t *square;
+  // The transition scores themselves over the same numbering, for the
+  // best-path search: (dense_count + 2) rows and columns, row and column 0
+  // for a class the table does not name, the last for the "BEGTOK" and
+  // "ENDTOK" sentinels. Null when the square is null or memory ran out
+  // (the search then asks pair_entry).
+  float *scores;
   // Otherwise open addressing: slot = (key, entry number + 1), 0 marking an
   // empty slot; null when that could not be made either (lookups scan).
   uint32_t *index;
@@ -79,6 +85,11 @@ inline float read_f32(const uint8_t *p) {
   std::memcpy(&f, &bits, sizeof f);
   return f;
 }
+
+// The transition score of a class pair that the table does not hold, and
+// of any pair with a "BEGTOK" or "ENDTOK" sentinel (that rule goes first).
+inline constexpr float kMissingPair = -100.0f;
+inline constexpr float kSentinelPair = -0.3f;
 
 // Where a reading of a known word is: its list, local index and reading count.
 struct WordEntry {
