@@ -23,9 +23,17 @@ struct Span {
   uint32_t start, units;
 };
 
+// A class's row (or column) in the score square.
+uint32_t square_row(const NLPDIC_PairTable *pairs, int32_t class_id) {
+  if (class_id <= -1) return pairs->dense_count + 1;
+  const uint16_t code = static_cast<uint16_t>(class_id);
+  return code < pairs->code_limit ? pairs->dense_of[code] : 0;
+}
+
 // The state of one lattice build.
 struct Builder {
   NLPDIC *dict;
+  const NLPDIC_PairTable *square;  // the class-pair table when it has a score square, else null
   LatticePool *pool;
   NLPDIC_Node **begin, **end;
   NLPDIC_Node *head;         // the "BEGTOK" node
@@ -47,6 +55,7 @@ NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
   n->node.Word = pool_string(b.pool, name, 6);
   n->node.ClassName = pool_string(b.pool, name, 6);
   n->node.ClassId = -1;
+  if (b.square != nullptr) n->row = square_row(b.square, -1);
   if (n->node.Word == nullptr || n->node.ClassName == nullptr) return nullptr;
   return &n->node;
 }
@@ -89,28 +98,76 @@ void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
   b.tail[slot] = n;
 }
 
-NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
+// A node of a word whose class name is read from the image (the decoded
+// names could not be made).
+NLPDIC_Node *new_word_node_from_image(Builder &b, const bsr_wchar *word, uint32_t units,
+                                      int32_t class_id) {
   LatticeNode *n = pool_node(b.pool);
   if (n == nullptr) return nullptr;
   n->node.Word = pool_string(b.pool, word, units);
   if (n->node.Word == nullptr) return nullptr;
   n->node.Length = static_cast<int32_t>(units);
   n->node.ClassId = class_id;
-  const NLPDIC_ClassTable *classes = b.dict->Monogram;
-  if (classes != nullptr && classes->decoded != nullptr) {
-    if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
-      n->node.ClassName =
-          pool_string(b.pool, classes->decoded + (classes->name_at[class_id] - 1) / 2,
-                      classes->name_units[class_id]);
-      if (n->node.ClassName == nullptr) return nullptr;
-    }
-    return &n->node;
-  }
+  if (b.square != nullptr) n->row = square_row(b.square, class_id);
   uint32_t name_units = 0;
-  if (const uint8_t *name = class_name(classes, class_id, &name_units); name != nullptr) {
+  if (const uint8_t *name = class_name(b.dict->Monogram, class_id, &name_units); name != nullptr) {
     n->node.ClassName = pool_image_string(b.pool, name, name_units);
     if (n->node.ClassName == nullptr) return nullptr;
   }
+  return &n->node;
+}
+
+// Copies `units` code units; the destination's terminator is already 0.
+// Words and class names are short: their copies are a few moves.
+inline void copy_units(bsr_wchar *to, const bsr_wchar *from, uint32_t units) {
+  switch (units) {
+    case 0:
+      return;
+    case 1:
+      std::memcpy(to, from, 2);
+      return;
+    case 2:
+      std::memcpy(to, from, 4);
+      return;
+    case 3:
+      std::memcpy(to, from, 6);
+      return;
+    case 4:
+      std::memcpy(to, from, 8);
+      return;
+    default:
+      std::memcpy(to, from, units * sizeof(bsr_wchar));
+  }
+}
+
+// Bytes of a zero-terminated copy of `units` code units in the pool.
+inline uint32_t string_room(uint32_t units) { return ((units + 1) * 2 + 7) & ~7u; }
+
+// A node of a word, with its copies of the word and of its class name taken
+// from the pool together with it.
+NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
+  const NLPDIC_ClassTable *classes = b.dict->Monogram;
+  if (classes == nullptr || classes->decoded == nullptr) return new_word_node_from_image(b, word, units, class_id);
+  const bsr_wchar *name = nullptr;
+  uint32_t name_units = 0;
+  if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
+    name = classes->decoded + (classes->name_at[class_id] - 1) / 2;
+    name_units = classes->name_units[class_id];
+  }
+  const uint32_t word_room = string_room(units);
+  auto *n = static_cast<LatticeNode *>(pool_take(
+      b.pool, sizeof(LatticeNode) + word_room + (name == nullptr ? 0 : string_room(name_units))));
+  if (n == nullptr) return nullptr;
+  auto *strings = reinterpret_cast<bsr_wchar *>(n + 1);
+  n->node.Word = strings;
+  copy_units(strings, word, units);
+  if (name != nullptr) {
+    n->node.ClassName = strings + word_room / 2;
+    copy_units(n->node.ClassName, name, name_units);
+  }
+  n->node.Length = static_cast<int32_t>(units);
+  n->node.ClassId = class_id;
+  if (b.square != nullptr) n->row = square_row(b.square, class_id);
   return &n->node;
 }
 
@@ -243,13 +300,6 @@ void search_column(const NLPDIC *dict, NLPDIC_Node *first, NLPDIC_Node *enders,
 // predecessors than the arrays hold.
 constexpr uint32_t kGathered = 48;
 
-// A class's row (or column) in the score square.
-uint32_t square_row(const NLPDIC_PairTable *pairs, int32_t class_id) {
-  if (class_id <= -1) return pairs->dense_count + 1;
-  const uint16_t code = static_cast<uint16_t>(class_id);
-  return code < pairs->code_limit ? pairs->dense_of[code] : 0;
-}
-
 bool search_column_square(const NLPDIC_PairTable *pairs, NLPDIC_Node *first,
                           NLPDIC_Node *enders, NLPDIC_Node *&best_pred) {
   NLPDIC_Node *node[kGathered];
@@ -260,7 +310,7 @@ bool search_column_square(const NLPDIC_PairTable *pairs, NLPDIC_Node *first,
   for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
     if (nodes == kGathered) return false;
     node[nodes] = n;
-    column[nodes] = square_row(pairs, n->ClassId);
+    column[nodes] = reinterpret_cast<const LatticeNode *>(n)->row;
     best[nodes] = kNoPath;
     chosen[nodes] = -1;
     ++nodes;
@@ -274,7 +324,7 @@ bool search_column_square(const NLPDIC_PairTable *pairs, NLPDIC_Node *first,
     if (preds == kGathered) return false;
     pred[preds] = p;
     reached[preds] = p->PathScore + p->Score;
-    row[preds] = pairs->scores + square_row(pairs, p->ClassId) * side;
+    row[preds] = pairs->scores + reinterpret_cast<const LatticeNode *>(p)->row * side;
     ++preds;
   }
   for (uint32_t j = 0; j < preds; ++j) {
@@ -366,9 +416,9 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   if (slots > UINT32_MAX) return nullptr;
   dict->BeginColumns = static_cast<NLPDIC_Node **>(bsr_safe_calloc(static_cast<uint32_t>(slots)));
   dict->EndColumns = static_cast<NLPDIC_Node **>(bsr_safe_calloc(static_cast<uint32_t>(slots)));
-  // Character mode enters at least three nodes per position (every run of
-  // up to three units, known or not); start the pool near that size.
-  LatticePool *pool = make_pool(uint64_t{n} * 3 * (sizeof(LatticeNode) + 24));
+  // Real text makes about three nodes per position, each with a word and a
+  // class name of a few units; the two sentinels come on top.
+  LatticePool *pool = make_pool((uint64_t{n} * 3 + 2) * (sizeof(LatticeNode) + 24));
   // Candidates are copied out zero-terminated; a token may be longer than
   // the usual buffer.
   bsr_wchar small[1024];
@@ -382,7 +432,9 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
     return nullptr;
   }
 
+  const NLPDIC_PairTable *pairs = dict->Bigram;
   Builder b{dict,
+            pairs != nullptr && pairs->scores != nullptr ? pairs : nullptr,
             pool,
             dict->BeginColumns,
             dict->EndColumns,

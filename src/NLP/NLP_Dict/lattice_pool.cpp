@@ -17,7 +17,7 @@ struct PoolBlock {
 namespace {
 
 constexpr uint32_t kHeader = (sizeof(PoolBlock) + 15) & ~15u;
-constexpr uint32_t kMinBlock = 4096;
+constexpr uint32_t kMinBlock = 1024;
 constexpr uint32_t kMaxBlock = 1u << 22;
 
 }  // namespace
@@ -40,9 +40,12 @@ void *take_from_new_block(LatticePool *pool, uint32_t bytes) {
 LatticePool *make_pool(uint64_t first_bytes) {
   auto *pool = static_cast<LatticePool *>(bsr_safe_calloc(sizeof(LatticePool)));
   if (pool == nullptr) return nullptr;
-  uint32_t size = kMinBlock;
-  while (size < first_bytes && size < kMaxBlock) size *= 2;
-  pool->next_size = size;
+  // The first block is sized to the expected lattice, since all of it is
+  // zero-filled; later ones double.
+  uint64_t size = (first_bytes + 7) & ~uint64_t{7};
+  if (size < kMinBlock) size = kMinBlock;
+  if (size > kMaxBlock) size = kMaxBlock;
+  pool->next_size = static_cast<uint32_t>(size);
   return pool;
 }
 

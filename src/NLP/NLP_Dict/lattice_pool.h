@@ -22,14 +22,16 @@ struct LatticePool {
 };
 
 // A lattice node as the library makes it: the public record, then the pool
-// that the lattice's first node owns (null on every other node).
+// that the lattice's first node owns (null on every other node) and what
+// the best-path search needs of it.
 struct LatticeNode {
   NLPDIC_Node node;
   LatticePool *pool;
+  uint32_t row;  // the row of the node's class in the dictionary's score square, if it has one
 };
 
-// A pool whose first block holds about `first_bytes`; null when memory is
-// exhausted.
+// A pool whose first block holds `first_bytes` (at least a small minimum);
+// null when memory is exhausted.
 LatticePool *make_pool(uint64_t first_bytes);
 void free_pool(LatticePool *pool);
 
