@@ -3,6 +3,7 @@
 // through it by class-pair scores, and the chain of chosen words.
 #include <cstring>
 
+#include "NLP/NLP_Dict/best_path.h"
 #include "NLP/NLP_Dict/dict_image.h"
 #include "NLP/NLP_Dict/lattice_pool.h"
 #include "bsr_string.h"
@@ -11,10 +12,10 @@ namespace utils::nlpdict {
 namespace {
 
 constexpr uint32_t kMaxCandidate = 6;     // longest candidate in character mode
+static_assert(kMaxCandidate == kIndexedUnits, "every candidate length is indexed");
 constexpr uint32_t kMaxUnknown = 3;       // longest unknown candidate entered there
 constexpr uint32_t kTokenLimit = 256;     // more tokens than this fail the split
 constexpr float kUnknownScore = -100.0f;  // score of a word not in the dictionary
-constexpr float kNoPath = -500000.0f;     // starting best of the search
 
 const bsr_wchar kBegin[] = u"BEGTOK";
 const bsr_wchar kEnd[] = u"ENDTOK";
@@ -22,13 +23,6 @@ const bsr_wchar kEnd[] = u"ENDTOK";
 struct Span {
   uint32_t start, units;
 };
-
-// A class's row (or column) in the score square.
-uint32_t square_row(const NLPDIC_PairTable *pairs, int32_t class_id) {
-  if (class_id <= -1) return pairs->dense_count + 1;
-  const uint16_t code = static_cast<uint16_t>(class_id);
-  return code < pairs->code_limit ? pairs->dense_of[code] : 0;
-}
 
 // The state of one lattice build.
 struct Builder {
@@ -47,7 +41,29 @@ struct Builder {
   // position suffice. tail_end holds the end position + 1 (0: none).
   uint32_t tail_end[8];
   NLPDIC_Node *tail[8];
+  // Character mode with a score square searches each node as it is made:
+  // a node's predecessors all end before its start, and starts are entered
+  // in order, so their column is complete by then, and nodes are made in
+  // the order the search takes them. (The first node of every column is
+  // one unit long, so no column but the last begins with "ENDTOK" and the
+  // search would not have stopped early.)
+  bool searching;
+  uint32_t gathered_for;  // the start whose predecessors `preds` holds (0: none)
+  Predecessors preds;
+  NLPDIC_Node *best_pred;
 };
+
+// Searches node `n`, which starts at `s`, as it is made.
+void search_new_node(Builder &b, NLPDIC_Node *n, uint32_t s) {
+  if (b.gathered_for != s) {
+    gather_predecessors(b.square, b.end[s - 1], &b.preds);
+    b.gathered_for = s;
+  }
+  if (b.preds.count != kTooMany)
+    score_gathered(b.preds, n, b.best_pred);
+  else
+    score_listed(b.dict, b.end[s - 1], n, b.best_pred);
+}
 
 NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
   LatticeNode *n = pool_node(b.pool);
@@ -201,6 +217,7 @@ void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool c
     n->Score = kUnknownScore;
     n->Mark = -1.0f;
     place(b, n, s, e);
+    if (b.searching) search_new_node(b, n, s);
     return;
   }
   WordEntry entry;
@@ -214,6 +231,7 @@ void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool c
     }
     n->Score = reading_score(list, record);
     place(b, n, s, e);
+    if (b.searching) search_new_node(b, n, s);
   }
 }
 
@@ -261,101 +279,6 @@ void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text,
         enter(b, text + i, len, i + 1, true, b.dict->WordTable[len], static_cast<uint32_t>(local));
       extends = (said & 2) != 0;
     }
-  }
-}
-
-float transition(const NLPDIC *dict, const NLPDIC_Node *p, const NLPDIC_Node *n) {
-  if (p->ClassId <= -1 || n->ClassId <= -1) return kSentinelPair;
-  const uint8_t *entry = pair_entry(dict->Bigram, static_cast<uint16_t>(p->ClassId),
-                                    static_cast<uint16_t>(n->ClassId));
-  return entry == nullptr ? kMissingPair : read_f32(entry + 4);
-}
-
-// One column of the class-pair Viterbi search, node by node and predecessor
-// by predecessor. The best predecessor is deliberately not reset between
-// nodes: a node that no predecessor scores above the starting best keeps
-// the one chosen for the node before (`best_pred`, carried across columns).
-void search_column(const NLPDIC *dict, NLPDIC_Node *first, NLPDIC_Node *enders,
-                   NLPDIC_Node *&best_pred) {
-  for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
-    float best = kNoPath;
-    for (NLPDIC_Node *p = enders; p != nullptr; p = p->NextEnding) {
-      const float reached = p->PathScore + p->Score;
-      const float x = reached + transition(dict, p, n);
-      if (x > best) {
-        best = x;
-        best_pred = p;
-      }
-    }
-    n->PathScore = best;
-    n->Link = best_pred;
-  }
-}
-
-// The same column through the score square, with the same arithmetic in
-// the same order, so with the same results. The nodes and predecessors are
-// first gathered into arrays, and the predecessors are the outer loop, so
-// that the comparisons of different nodes do not wait on each other.
-// Returns false, having changed nothing, when the column has more nodes or
-// predecessors than the arrays hold.
-constexpr uint32_t kGathered = 48;
-
-bool search_column_square(const NLPDIC_PairTable *pairs, NLPDIC_Node *first,
-                          NLPDIC_Node *enders, NLPDIC_Node *&best_pred) {
-  NLPDIC_Node *node[kGathered];
-  uint32_t column[kGathered];
-  float best[kGathered];
-  int32_t chosen[kGathered];
-  uint32_t nodes = 0;
-  for (NLPDIC_Node *n = first; n != nullptr; n = n->NextInColumn) {
-    if (nodes == kGathered) return false;
-    node[nodes] = n;
-    column[nodes] = reinterpret_cast<const LatticeNode *>(n)->row;
-    best[nodes] = kNoPath;
-    chosen[nodes] = -1;
-    ++nodes;
-  }
-  NLPDIC_Node *pred[kGathered];
-  float reached[kGathered];
-  const float *row[kGathered];
-  uint32_t preds = 0;
-  const uint32_t side = pairs->dense_count + 2;
-  for (NLPDIC_Node *p = enders; p != nullptr; p = p->NextEnding) {
-    if (preds == kGathered) return false;
-    pred[preds] = p;
-    reached[preds] = p->PathScore + p->Score;
-    row[preds] = pairs->scores + reinterpret_cast<const LatticeNode *>(p)->row * side;
-    ++preds;
-  }
-  for (uint32_t j = 0; j < preds; ++j) {
-    const float from = reached[j];
-    const float *scores = row[j];
-    for (uint32_t i = 0; i < nodes; ++i) {
-      const float x = from + scores[column[i]];
-      if (x > best[i]) {
-        best[i] = x;
-        chosen[i] = static_cast<int32_t>(j);
-      }
-    }
-  }
-  for (uint32_t i = 0; i < nodes; ++i) {
-    if (chosen[i] >= 0) best_pred = pred[chosen[i]];
-    node[i]->PathScore = best[i];
-    node[i]->Link = best_pred;
-  }
-  return true;
-}
-
-// The search over columns 1..last, stopping after the "ENDTOK" column.
-void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, uint32_t last) {
-  const NLPDIC_PairTable *pairs = dict->Bigram;
-  const bool square = pairs != nullptr && pairs->scores != nullptr;
-  NLPDIC_Node *best_pred = nullptr;
-  for (uint32_t k = 1; k <= last; ++k) {
-    NLPDIC_Node *first = begin[k];
-    if (!square || !search_column_square(pairs, first, end[k - 1], best_pred))
-      search_column(dict, first, end[k - 1], best_pred);
-    if (first != nullptr && first->Word[0] == kEnd[0] && bsr_wcscmp(first->Word, kEnd) == 0) break;
   }
 }
 
@@ -433,19 +356,14 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   }
 
   const NLPDIC_PairTable *pairs = dict->Bigram;
-  Builder b{dict,
-            pairs != nullptr && pairs->scores != nullptr ? pairs : nullptr,
-            pool,
-            dict->BeginColumns,
-            dict->EndColumns,
-            nullptr,
-            nullptr,
-            0,
-            nullptr,
-            false,
-            NLPDIC_GetDefaultID(dict),
-            {},
-            {}};
+  Builder b{};
+  b.dict = dict;
+  b.square = pairs != nullptr && pairs->scores != nullptr ? pairs : nullptr;
+  b.pool = pool;
+  b.begin = dict->BeginColumns;
+  b.end = dict->EndColumns;
+  b.default_class = NLPDIC_GetDefaultID(dict);
+  b.searching = characters && b.square != nullptr;
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
     add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, text, n);
     // The lookup cache ends as a lookup of every candidate in turn would
@@ -489,8 +407,11 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   }
   b.begin[n + 1] = b.end[n + 1] = end_node;
   b.last_first->NextColumn = end_node;
+  if (b.searching)
+    search_new_node(b, end_node, n + 1);
+  else
+    find_best_path(dict, b.begin, b.end, n + 1);
 
-  find_best_path(dict, b.begin, b.end, n + 1);
 
   // Turn the chain of best predecessors, read from the end, into the chain
   // of next words read from the start.

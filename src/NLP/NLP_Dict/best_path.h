@@ -1,0 +1,71 @@
+// best_path.h - the class-pair Viterbi search over a segmentation lattice:
+// for each node, the predecessor (a node ending just before it starts) with
+// the best path score plus transition, and that score.
+//
+// The best predecessor is deliberately not reset between nodes: a node that
+// no predecessor scores above the starting best keeps the one chosen for the
+// node searched before it, in column order across the whole lattice. Every
+// way of searching here keeps that order and the same single-precision
+// arithmetic, (PathScore + Score) + transition, so all give the same result.
+#ifndef UTILS_NLP_DICT_BEST_PATH_H
+#define UTILS_NLP_DICT_BEST_PATH_H
+
+#include <cstdint>
+
+#include "NLP/NLP_Dict/dict_image.h"
+#include "NLP/NLP_Dict/lattice_pool.h"
+
+namespace utils::nlpdict {
+
+inline constexpr float kNoPath = -500000.0f;  // the starting best of each node
+
+// The row (and column) of a class in the score square of `pairs`.
+inline uint32_t square_row(const NLPDIC_PairTable *pairs, int32_t class_id) {
+  if (class_id <= -1) return pairs->dense_count + 1;
+  const uint16_t code = static_cast<uint16_t>(class_id);
+  return code < pairs->code_limit ? pairs->dense_of[code] : 0;
+}
+
+// The predecessors of the nodes of one start column, gathered once with
+// their path scores and score-square rows. `count` is kTooMany when the
+// column's end list is longer than the arrays.
+inline constexpr uint32_t kGathered = 48;
+inline constexpr uint32_t kTooMany = UINT32_MAX;
+struct Predecessors {
+  uint32_t count;
+  NLPDIC_Node *node[kGathered];
+  float reached[kGathered];
+  const float *row[kGathered];
+};
+
+// Gathers the list `enders` (linked through NextEnding), whose nodes carry
+// their rows in the score square of `pairs`.
+void gather_predecessors(const NLPDIC_PairTable *pairs, NLPDIC_Node *enders, Predecessors *out);
+
+// Searches node `n` (whose row is set) among gathered predecessors.
+inline void score_gathered(const Predecessors &preds, NLPDIC_Node *n, NLPDIC_Node *&best_pred) {
+  const uint32_t column = reinterpret_cast<const LatticeNode *>(n)->row;
+  float best = kNoPath;
+  for (uint32_t j = 0; j < preds.count; ++j) {
+    const float x = preds.reached[j] + preds.row[j][column];
+    if (x > best) {
+      best = x;
+      best_pred = preds.node[j];
+    }
+  }
+  n->PathScore = best;
+  n->Link = best_pred;
+}
+
+// Searches node `n` among the list `enders`, asking the pair table for each
+// transition.
+void score_listed(const NLPDIC *dict, NLPDIC_Node *enders, NLPDIC_Node *n,
+                  NLPDIC_Node *&best_pred);
+
+// Searches the columns 1..last of a finished lattice (begin and end columns
+// by position), stopping after a column whose first node is "ENDTOK".
+void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, uint32_t last);
+
+}  // namespace utils::nlpdict
+
+#endif  // UTILS_NLP_DICT_BEST_PATH_H
