@@ -59,8 +59,7 @@ inline void score_gathered(const Predecessors &preds, NLPDIC_Node *n, NLPDIC_Nod
 
 // Searches node `n` among the list `enders`, asking the pair table for each
 // transition.
-void score_listed(const NLPDIC *dict, NLPDIC_Node *enders, NLPDIC_Node *n,
-                  NLPDIC_Node *&best_pred);
+void score_listed(const NLPDIC *dict, NLPDIC_Node *enders, NLPDIC_Node *n, NLPDIC_Node *&best_pred);
 
 // Searches the columns 1..last of a finished lattice (begin and end columns
 // by position), stopping after a column whose first node is "ENDTOK".

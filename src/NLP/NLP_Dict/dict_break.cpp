@@ -11,7 +11,7 @@
 namespace utils::nlpdict {
 namespace {
 
-constexpr uint32_t kMaxCandidate = 6;     // longest candidate in character mode
+constexpr uint32_t kMaxCandidate = 6;  // longest candidate in character mode
 static_assert(kMaxCandidate == kIndexedUnits, "every candidate length is indexed");
 constexpr uint32_t kMaxUnknown = 3;       // longest unknown candidate entered there
 constexpr uint32_t kTokenLimit = 256;     // more tokens than this fail the split
@@ -163,7 +163,8 @@ inline uint32_t string_room(uint32_t units) { return ((units + 1) * 2 + 7) & ~7u
 // from the pool together with it.
 NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
   const NLPDIC_ClassTable *classes = b.dict->Monogram;
-  if (classes == nullptr || classes->decoded == nullptr) return new_word_node_from_image(b, word, units, class_id);
+  if (classes == nullptr || classes->decoded == nullptr)
+    return new_word_node_from_image(b, word, units, class_id);
   const bsr_wchar *name = nullptr;
   uint32_t name_units = 0;
   if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
@@ -411,7 +412,6 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
     search_new_node(b, end_node, n + 1);
   else
     find_best_path(dict, b.begin, b.end, n + 1);
-
 
   // Turn the chain of best predecessors, read from the end, into the chain
   // of next words read from the start.
