@@ -28,6 +28,7 @@ struct Span {
 struct Builder {
   NLPDIC *dict;
   const NLPDIC_PairTable *square;  // the class-pair table when it has a score square, else null
+  const WordFilter *filter;
   LatticePool *pool;
   NLPDIC_Node **begin, **end;
   NLPDIC_Node *head;         // the "BEGTOK" node
@@ -264,14 +265,14 @@ void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text,
       const uint64_t next2 =
           filter_step(filter_step(kFilterSeed, static_cast<uint16_t>(text[i + 1])),
                       static_cast<uint16_t>(text[i + 2]));
-      filter_prefetch(b.dict, next2, 2);
+      filter_prefetch(*b.filter, next2, 2);
       if (i + 3 < n)
-        filter_prefetch(b.dict, filter_step(next2, static_cast<uint16_t>(text[i + 3])), 3);
+        filter_prefetch(*b.filter, filter_step(next2, static_cast<uint16_t>(text[i + 3])), 3);
     }
     for (uint32_t len = 1; len <= kMaxCandidate && len <= n - i; ++len) {
       if (len > 1) h = filter_step(h, static_cast<uint16_t>(text[i + len - 1]));
       if (!extends && len > kMaxUnknown) break;
-      const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(b.dict, h, len);
+      const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(*b.filter, h, len);
       const int32_t local =
           (said & 1) == 0 ? -1 : find_indexed(b.dict, index, slot - 1, text + i, len);
       if (local < 0)
@@ -363,6 +364,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.pool = pool;
   b.begin = dict->BeginColumns;
   b.end = dict->EndColumns;
+  b.filter = &reinterpret_cast<const DictObject *>(dict)->filter;
   b.default_class = NLPDIC_GetDefaultID(dict);
   b.searching = characters && b.square != nullptr;
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
@@ -383,7 +385,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
         h = filter_step(h, static_cast<uint16_t>(text[i + len - 1]));
         // Nearly every single unit of real text is a word or begins one, and
         // the one-unit list is small: it is searched without asking.
-        const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(dict, h, len);
+        const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(*b.filter, h, len);
         add_candidate(b, candidate, len, i + 1, true, (said & 1) != 0);
         extends = (said & 2) != 0;
       }

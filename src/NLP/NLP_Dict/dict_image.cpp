@@ -189,65 +189,11 @@ void free_pair_table(NLPDIC_PairTable *t) {
   bsr_free(t);
 }
 
-uint32_t table_slots(const NLPDIC *dict) {
-  return dict->WordTable == nullptr || dict->MaxWordLength < 0
-             ? 0
-             : static_cast<uint32_t>(dict->MaxWordLength) + 1;
-}
-
 void free_word_table(NLPDIC *dict) {
   const uint32_t slots = table_slots(dict);
   for (uint32_t l = 0; l < slots; ++l) free_word_list(dict->WordTable[l]);
   bsr_free(dict->WordTable);
   dict->WordTable = nullptr;
-}
-
-// One 64-bit word per run (blocked filter: one cache line a probe), two
-// bits in it for "word" and two for "prefix".
-uint64_t filter_mix(uint64_t h, uint32_t units) {
-  h ^= units * 0x9E3779B97F4A7C15ull;
-  h ^= h >> 31;
-  h *= 0xBF58476D1CE4E5B9ull;
-  return h ^ (h >> 29);
-}
-
-uint64_t filter_bits(uint64_t mixed, bool prefix) {
-  const unsigned shift = prefix ? 44 : 32;
-  return uint64_t{1} << (mixed >> shift & 63) | uint64_t{1} << (mixed >> (shift + 6) & 63);
-}
-
-// Candidates are at most six units long, so prefixes beyond that are never
-// asked about.
-constexpr uint32_t kFilteredUnits = 6;
-
-void build_filter(DictObject *object) {
-  NLPDIC *dict = &object->dict;
-  uint64_t keys = 0;
-  const uint32_t slots = table_slots(dict);
-  for (uint32_t l = 1; l < slots; ++l)
-    if (dict->WordTable[l] != nullptr)
-      keys += uint64_t{dict->WordTable[l]->WordCount} * (l < kFilteredUnits ? l : kFilteredUnits);
-  if (keys == 0) return;
-  // About sixteen bits a key: a "yes" for a non-member a few times in a
-  // hundred. `mask` counts 64-bit words.
-  uint64_t words = 16;
-  while (words * 64 < keys * 16 && words < (uint64_t{1} << 21)) words <<= 1;
-  object->filter.bits = static_cast<uint64_t *>(zeroed(words * 8));
-  if (object->filter.bits == nullptr) return;
-  object->filter.mask = words - 1;
-  for (uint32_t l = 1; l < slots; ++l) {
-    const NLPDIC_WordList *list = dict->WordTable[l];
-    if (list == nullptr) continue;
-    for (uint32_t w = 0; w < list->WordCount; ++w) {
-      const uint8_t *word = list->Words + uint64_t{w} * l * 2;
-      uint64_t h = kFilterSeed;
-      for (uint32_t p = 1; p <= l && p <= kFilteredUnits; ++p) {
-        h = filter_step(h, read_u16(word + 2 * (p - 1)));
-        const uint64_t mixed = filter_mix(h, p);
-        object->filter.bits[mixed & object->filter.mask] |= filter_bits(mixed, p < l);
-      }
-    }
-  }
 }
 
 // The first unit of word `w` of `list`.
@@ -320,21 +266,6 @@ void build_first_index(DictObject *object) {
 }
 
 }  // namespace
-
-void filter_prefetch(const NLPDIC *dict, uint64_t h, uint32_t units) {
-  const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
-  if (f.bits == nullptr || units > kFilteredUnits) return;
-  __builtin_prefetch(f.bits + (filter_mix(h, units) & f.mask));
-}
-
-unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units) {
-  const WordFilter &f = reinterpret_cast<const DictObject *>(dict)->filter;
-  if (f.bits == nullptr || units > kFilteredUnits) return 3;
-  const uint64_t mixed = filter_mix(h, units);
-  const uint64_t word = f.bits[mixed & f.mask];
-  const uint64_t as_word = filter_bits(mixed, false), as_prefix = filter_bits(mixed, true);
-  return ((word & as_word) == as_word ? 1u : 0u) | ((word & as_prefix) == as_prefix ? 2u : 0u);
-}
 
 int32_t lookup_word_id(NLPDIC *dict, const bsr_wchar *word, uint32_t units) {
   if (dict == nullptr) return -1;
@@ -510,7 +441,7 @@ UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
       break;
     }
   }
-  build_filter(object);
+  build_filter(dict, &object->filter);
   build_first_index(object);
   return dict;
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "NLP/NLP_Dict/word_filter.h"
 #include "nlp_dict.h"
 
 // The descriptors are named in the public header (NLPDIC's fields point at
@@ -99,15 +100,6 @@ struct WordEntry {
   uint32_t first_record;
 };
 
-// A Bloom filter over the words and their proper prefixes, built when the
-// dictionary is created, that lets segmentation skip the binary searches
-// of candidates that cannot be words and stop extending a candidate that
-// no longer word begins with. A "no" is certain; a "yes" is then searched.
-struct WordFilter {
-  uint64_t *bits;  // null: no filter (every candidate is searched)
-  uint64_t mask;   // 64-bit words - 1
-};
-
 // The words of lengths 1..kIndexedUnits by their first unit, built when the
 // dictionary is created so that segmentation searches, for each candidate,
 // only the few words that begin like it. Built only when every indexed list
@@ -180,19 +172,13 @@ inline int32_t find_indexed(const NLPDIC *dict, const FirstUnitIndex &index, uin
   return -1;
 }
 
-// The filter's hash of a run of units, extended one unit at a time:
-// filter_step(filter_step(kFilterSeed, a), b) for the run "ab".
-inline constexpr uint64_t kFilterSeed = 1469598103934665603ull;
-inline uint64_t filter_step(uint64_t h, uint16_t unit) { return (h ^ unit) * 1099511628211ull; }
-
-// What the filter says of the run whose hash is `h` and length `units`:
-// bit 0 set when it may be a word, bit 1 when it may be a proper prefix of
-// a longer word. Both set when there is no filter.
-unsigned filter_probe(const NLPDIC *dict, uint64_t h, uint32_t units);
-
-// Asks the memory for the part of the filter that filter_probe(dict, h,
-// units) will read, so that the probe need not wait for it. Changes nothing.
-void filter_prefetch(const NLPDIC *dict, uint64_t h, uint32_t units);
+// The slots of the dictionary's word table: MaxWordLength + 1, or 0 when
+// there is no table.
+inline uint32_t table_slots(const NLPDIC *dict) {
+  return dict->WordTable == nullptr || dict->MaxWordLength < 0
+             ? 0
+             : static_cast<uint32_t>(dict->MaxWordLength) + 1;
+}
 
 // The identifier of `word` (`units` code units, zero-terminated), or -1,
 // through the one-entry cache of the dictionary.

@@ -6,6 +6,7 @@ target_sources(UtilsObjects PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/dict_image.cpp
   ${CMAKE_CURRENT_LIST_DIR}/lattice_pool.cpp
   ${CMAKE_CURRENT_LIST_DIR}/model_holder.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/word_filter.cpp
 )
 
 # Scores are single precision in the stated operation order on every
