@@ -26,32 +26,32 @@ struct Span {
 
 // The state of one lattice build.
 struct Builder {
-  NLPDIC *dict;
-  const NLPDIC_PairTable *square;  // the class-pair table when it has a score square, else null
-  const WordFilter *filter;
-  LatticePool *pool;
-  NLPDIC_Node **begin, **end;
-  NLPDIC_Node *head;         // the "BEGTOK" node
-  NLPDIC_Node *last_first;   // first node of the last occupied start column
-  uint32_t last_column;      // that column
-  NLPDIC_Node *column_tail;  // last node of that column
-  bool failed;
-  int32_t default_class;  // the class of unknown words
+  NLPDIC *dict = nullptr;
+  const NLPDIC_PairTable *square = nullptr;  // the pair table when it has a score square
+  const WordFilter *filter = nullptr;
+  LatticePool *pool = nullptr;
+  NLPDIC_Node **begin = nullptr, **end = nullptr;
+  NLPDIC_Node *head = nullptr;         // the "BEGTOK" node
+  NLPDIC_Node *last_first = nullptr;   // first node of the last occupied start column
+  uint32_t last_column = 0;            // that column
+  NLPDIC_Node *column_tail = nullptr;  // last node of that column
+  bool failed = false;
+  int32_t default_class = -1;  // the class of unknown words
   // The last node of each end column still being filled: nodes end at most
   // six positions after the start being entered, so eight slots by end
   // position suffice. tail_end holds the end position + 1 (0: none).
-  uint32_t tail_end[8];
-  NLPDIC_Node *tail[8];
+  uint32_t tail_end[8] = {};
+  NLPDIC_Node *tail[8] = {};
   // Character mode with a score square searches each node as it is made:
   // a node's predecessors all end before its start, and starts are entered
   // in order, so their column is complete by then, and nodes are made in
   // the order the search takes them. (The first node of every column is
   // one unit long, so no column but the last begins with "ENDTOK" and the
   // search would not have stopped early.)
-  bool searching;
-  uint32_t gathered_for;  // the start whose predecessors `preds` holds (0: none)
-  Predecessors preds;
-  NLPDIC_Node *best_pred;
+  bool searching = false;
+  uint32_t gathered_for = 0;  // the start whose predecessors `preds` holds (0: none)
+  Predecessors preds;         // filled before it is read: left uninitialised
+  NLPDIC_Node *best_pred = nullptr;
 };
 
 // Searches node `n`, which starts at `s`, as it is made.
@@ -222,10 +222,17 @@ void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool c
     if (b.searching) search_new_node(b, n, s);
     return;
   }
-  WordEntry entry;
-  describe_word(list, local, &entry);
-  for (uint32_t r = 0; r < entry.readings; ++r) {
-    const uint32_t record = entry.first_record + r;
+  // Most lists give every word one reading: their records are in word
+  // order, and no search of the multi-reading words is needed.
+  uint32_t first_record = local, readings = 1;
+  if (list->MultiCount != 0) {
+    WordEntry entry;
+    describe_word(list, local, &entry);
+    first_record = entry.first_record;
+    readings = entry.readings;
+  }
+  for (uint32_t r = 0; r < readings; ++r) {
+    const uint32_t record = first_record + r;
     NLPDIC_Node *n = new_word_node(b, word, units, reading_class(list, record));
     if (n == nullptr) {
       b.failed = true;
@@ -313,11 +320,9 @@ uint32_t split_tokens(const bsr_wchar *text, uint32_t length, Span *tokens) {
   return count;
 }
 
-void release_columns(NLPDIC *dict) {
-  bsr_free(dict->BeginColumns);
-  bsr_free(dict->EndColumns);
-  dict->BeginColumns = dict->EndColumns = nullptr;
-}
+// The working columns live in the lattice's pool; between calls the
+// dictionary does not point at them.
+void release_columns(NLPDIC *dict) { dict->BeginColumns = dict->EndColumns = nullptr; }
 
 }  // namespace
 }  // namespace utils::nlpdict
@@ -338,12 +343,14 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   }
   release_columns(dict);
   const uint64_t slots = (uint64_t{n} + 2) * sizeof(NLPDIC_Node *);
-  if (slots > UINT32_MAX) return nullptr;
-  dict->BeginColumns = static_cast<NLPDIC_Node **>(bsr_safe_calloc(static_cast<uint32_t>(slots)));
-  dict->EndColumns = static_cast<NLPDIC_Node **>(bsr_safe_calloc(static_cast<uint32_t>(slots)));
+  if (slots > UINT32_MAX / 4) return nullptr;
   // Real text makes about three nodes per position, each with a word and a
-  // class name of a few units; the two sentinels come on top.
-  LatticePool *pool = make_pool((uint64_t{n} * 3 + 2) * (sizeof(LatticeNode) + 24));
+  // class name of a few units; the two sentinels and the columns come on top.
+  LatticePool *pool = make_pool((uint64_t{n} * 3 + 2) * (sizeof(LatticeNode) + 24) + 2 * slots);
+  if (pool != nullptr) {
+    dict->BeginColumns = static_cast<NLPDIC_Node **>(pool_take(pool, static_cast<uint32_t>(slots)));
+    dict->EndColumns = static_cast<NLPDIC_Node **>(pool_take(pool, static_cast<uint32_t>(slots)));
+  }
   // Candidates are copied out zero-terminated; a token may be longer than
   // the usual buffer.
   bsr_wchar small[1024];
@@ -354,11 +361,12 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
       candidate == nullptr) {
     release_columns(dict);
     free_pool(pool);
+    if (candidate != small) bsr_free(candidate);
     return nullptr;
   }
 
   const NLPDIC_PairTable *pairs = dict->Bigram;
-  Builder b{};
+  Builder b;
   b.dict = dict;
   b.square = pairs != nullptr && pairs->scores != nullptr ? pairs : nullptr;
   b.pool = pool;

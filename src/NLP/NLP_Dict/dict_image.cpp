@@ -451,8 +451,8 @@ UTILS_API void NLPDIC_Destroy(NLPDIC *dict) {
   free_class_table(dict->Monogram);
   free_pair_table(dict->Bigram);
   free_word_table(dict);
-  bsr_free(dict->BeginColumns);
-  bsr_free(dict->EndColumns);
+  // The working columns belong to a lattice's pool and are null between
+  // segmentations: nothing to release here.
   destroy_model_holder(static_cast<ModelHolder *>(dict->PhraseBreakModel));
   destroy_model_holder(static_cast<ModelHolder *>(dict->StressModel));
   bsr_free(reinterpret_cast<DictObject *>(dict)->filter.bits);

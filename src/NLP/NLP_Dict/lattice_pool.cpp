@@ -38,25 +38,35 @@ void *take_from_new_block(LatticePool *pool, uint32_t bytes) {
 }
 
 LatticePool *make_pool(uint64_t first_bytes) {
-  auto *pool = static_cast<LatticePool *>(bsr_safe_calloc(sizeof(LatticePool)));
-  if (pool == nullptr) return nullptr;
   // The first block is sized to the expected lattice, since all of it is
-  // zero-filled; later ones double.
+  // zero-filled; later ones double. The pool's own record sits at the start
+  // of the first block, so that a lattice usually costs one allocation.
   uint64_t size = (first_bytes + 7) & ~uint64_t{7};
   if (size < kMinBlock) size = kMinBlock;
   if (size > kMaxBlock) size = kMaxBlock;
-  pool->next_size = static_cast<uint32_t>(size);
+  constexpr uint32_t kRecord = (sizeof(LatticePool) + 15) & ~15u;
+  auto *first =
+      static_cast<PoolBlock *>(bsr_safe_alloc(kHeader + kRecord + static_cast<uint32_t>(size)));
+  if (first == nullptr) return nullptr;
+  first->size = kRecord + static_cast<uint32_t>(size);
+  unsigned char *at = reinterpret_cast<unsigned char *>(first) + kHeader;
+  auto *pool = reinterpret_cast<LatticePool *>(at);
+  pool->blocks = first;
+  pool->next_size =
+      static_cast<uint32_t>(size) * 2 < kMaxBlock ? static_cast<uint32_t>(size) * 2 : kMaxBlock;
+  pool->cursor = at + kRecord;
+  pool->limit = at + kRecord + size;
   return pool;
 }
 
 void free_pool(LatticePool *pool) {
   if (pool == nullptr) return;
+  // The first block, which holds the pool, is the last in the list.
   for (PoolBlock *b = pool->blocks; b != nullptr;) {
     PoolBlock *next = b->next;
     bsr_free(b);
     b = next;
   }
-  bsr_free(pool);
 }
 
 bsr_wchar *pool_image_string(LatticePool *pool, const uint8_t *text, uint32_t units) {
