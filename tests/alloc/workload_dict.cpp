@@ -169,6 +169,14 @@ Outcome dict_workload(Record &out) {
   bool ok = complete(d);
   ok = ok && segment(d, u"我爱北京天安门。abcdefg北京", 1, out);
   ok = ok && segment(d, u"我 爱 北京 , 天安门 。", 0, out);
+  // A token longer than the candidate buffer on the stack takes one of its
+  // own. The text is built without the heap, whose allocations fail here.
+  char16_t long_token[1200] = u"我 ";
+  for (int k = 2; k < 1102; ++k) long_token[k] = u'a';
+  long_token[1102] = u' ';
+  long_token[1103] = u'北';
+  long_token[1104] = u'京';
+  ok = ok && segment(d, long_token, 0, out);
   ok = ok && breaks(d, out);
   NLPDIC_Destroy(d);
   return ok ? kDone : kFailed;
