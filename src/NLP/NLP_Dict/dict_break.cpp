@@ -77,39 +77,29 @@ NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
   return &n->node;
 }
 
-// Appends `n` to the list that starts at `*first`, linked through `link`.
-void append_to(NLPDIC_Node **first, NLPDIC_Node *n, NLPDIC_Node *NLPDIC_Node::*link) {
-  if (*first == nullptr) {
-    *first = n;
-    return;
-  }
-  NLPDIC_Node *p = *first;
-  while (p->*link != nullptr) p = p->*link;
-  p->*link = n;
-}
-
 // Places a new node that starts at `s` and ends at `e` in both columns.
+// Neither column is read: starts are entered in increasing order (one node
+// per token in token mode), so a start other than the last one entered
+// opens an empty column after it, and an end column's slot below is taken
+// by a later end only once no node can end at the earlier one (a node
+// ending eight positions later starts at least three after it), so a slot
+// not holding `e` means the end column is still empty.
 void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
-  if (b.begin[s] == nullptr) {
+  if (s != b.last_column) {
     b.begin[s] = n;
-    // Starts are entered in increasing order, so the nearest occupied column
-    // before s is the last one entered.
-    if (b.last_first != nullptr) b.last_first->NextColumn = n;
+    b.last_first->NextColumn = n;
     b.last_first = n;
     b.last_column = s;
-  } else if (b.last_column == s && b.column_tail != nullptr) {
-    b.column_tail->NextInColumn = n;
   } else {
-    append_to(&b.begin[s], n, &NLPDIC_Node::NextInColumn);
+    b.column_tail->NextInColumn = n;
   }
   b.column_tail = n;
-  // An end column is filled only while starts up to six before it are
-  // entered; once its slot is taken by a later end it is complete.
+  // The last node of each end column still being filled, by end position.
   const uint32_t slot = e & 7;
   if (b.tail_end[slot] == e + 1) {
     b.tail[slot]->NextEnding = n;
   } else {
-    append_to(&b.end[e], n, &NLPDIC_Node::NextEnding);
+    b.end[e] = n;
     b.tail_end[slot] = e + 1;
   }
   b.tail[slot] = n;
