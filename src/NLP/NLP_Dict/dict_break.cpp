@@ -24,6 +24,15 @@ struct Span {
   uint32_t start, units;
 };
 
+// What every node of one class copies and carries: the class name (null
+// for none, with no room) and the class's row in the score square.
+struct ClassInfo {
+  int32_t id;
+  const bsr_wchar *name;
+  uint32_t name_units, name_room;
+  uint32_t row;
+};
+
 // The state of one lattice build.
 struct Builder {
   NLPDIC *dict = nullptr;
@@ -37,6 +46,8 @@ struct Builder {
   NLPDIC_Node *column_tail = nullptr;  // last node of that column
   bool failed = false;
   int32_t default_class = -1;  // the class of unknown words
+  bool decoded = false;        // the class names are decoded: nodes copy them from there
+  ClassInfo unknown{};         // then what nodes of the default class copy and carry
   // The last node of each end column still being filled: nodes end at most
   // six positions after the start being entered, so eight slots by end
   // position suffice. tail_end holds the end position + 1 (0: none).
@@ -150,33 +161,42 @@ inline void copy_units(bsr_wchar *to, const bsr_wchar *from, uint32_t units) {
 // Bytes of a zero-terminated copy of `units` code units in the pool.
 inline uint32_t string_room(uint32_t units) { return ((units + 1) * 2 + 7) & ~7u; }
 
+// Call only when the class names are decoded.
+ClassInfo class_info(const Builder &b, int32_t class_id) {
+  const NLPDIC_ClassTable *classes = b.dict->Monogram;
+  ClassInfo c{class_id, nullptr, 0, 0, 0};
+  if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
+    c.name = classes->decoded + (classes->name_at[class_id] - 1) / 2;
+    c.name_units = classes->name_units[class_id];
+    c.name_room = string_room(c.name_units);
+  }
+  if (b.square != nullptr) c.row = square_row(b.square, class_id);
+  return c;
+}
+
 // A node of a word, with its copies of the word and of its class name taken
 // from the pool together with it.
-NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
-  const NLPDIC_ClassTable *classes = b.dict->Monogram;
-  if (classes == nullptr || classes->decoded == nullptr)
-    return new_word_node_from_image(b, word, units, class_id);
-  const bsr_wchar *name = nullptr;
-  uint32_t name_units = 0;
-  if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
-    name = classes->decoded + (classes->name_at[class_id] - 1) / 2;
-    name_units = classes->name_units[class_id];
-  }
+NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, const ClassInfo &c) {
   const uint32_t word_room = string_room(units);
-  auto *n = static_cast<LatticeNode *>(pool_take(
-      b.pool, sizeof(LatticeNode) + word_room + (name == nullptr ? 0 : string_room(name_units))));
+  auto *n =
+      static_cast<LatticeNode *>(pool_take(b.pool, sizeof(LatticeNode) + word_room + c.name_room));
   if (n == nullptr) return nullptr;
   auto *strings = reinterpret_cast<bsr_wchar *>(n + 1);
   n->node.Word = strings;
   copy_units(strings, word, units);
-  if (name != nullptr) {
+  if (c.name != nullptr) {
     n->node.ClassName = strings + word_room / 2;
-    copy_units(n->node.ClassName, name, name_units);
+    copy_units(n->node.ClassName, c.name, c.name_units);
   }
   n->node.Length = static_cast<int32_t>(units);
-  n->node.ClassId = class_id;
-  if (b.square != nullptr) n->row = square_row(b.square, class_id);
+  n->node.ClassId = c.id;
+  n->row = c.row;
   return &n->node;
+}
+
+NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
+  if (b.decoded) return new_word_node(b, word, units, class_info(b, class_id));
+  return new_word_node_from_image(b, word, units, class_id);
 }
 
 // Enters the readings of the word `word` (`units` long, not necessarily
@@ -186,22 +206,11 @@ NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, in
 void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
            const NLPDIC_WordList *list, uint32_t local) {
   if (b.failed) return;
-  if (b.head == nullptr) {
-    b.head = make_sentinel(b, kBegin);
-    if (b.head == nullptr) {
-      b.failed = true;
-      return;
-    }
-    b.begin[0] = b.end[0] = b.head;
-    reinterpret_cast<LatticeNode *>(b.head)->pool = b.pool;
-    b.last_first = b.head;
-    b.last_column = 0;
-    b.column_tail = b.head;
-  }
   const uint32_t e = characters ? s + units - 1 : s;
   if (list == nullptr) {
     if (characters && units > kMaxUnknown) return;
-    NLPDIC_Node *n = new_word_node(b, word, units, b.default_class);
+    NLPDIC_Node *n = b.decoded ? new_word_node(b, word, units, b.unknown)
+                               : new_word_node_from_image(b, word, units, b.default_class);
     if (n == nullptr) {
       b.failed = true;
       return;
@@ -364,7 +373,19 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.end = dict->EndColumns;
   b.filter = &reinterpret_cast<const DictObject *>(dict)->filter;
   b.default_class = NLPDIC_GetDefaultID(dict);
+  b.decoded = dict->Monogram != nullptr && dict->Monogram->decoded != nullptr;
+  if (b.decoded) b.unknown = class_info(b, b.default_class);
   b.searching = characters && b.square != nullptr;
+  b.head = make_sentinel(b, kBegin);
+  if (b.head == nullptr) {
+    release_columns(dict);
+    free_pool(pool);
+    if (candidate != small) bsr_free(candidate);
+    return nullptr;
+  }
+  b.begin[0] = b.end[0] = b.head;
+  reinterpret_cast<LatticeNode *>(b.head)->pool = pool;
+  b.last_first = b.column_tail = b.head;
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
     add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, text, n);
     // The lookup cache ends as a lookup of every candidate in turn would
