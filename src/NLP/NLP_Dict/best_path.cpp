@@ -58,19 +58,9 @@ bool search_column_square(NLPDIC_Node *first, const Predecessors &preds, NLPDIC_
 }  // namespace
 
 void gather_predecessors(const NLPDIC_PairTable *pairs, NLPDIC_Node *enders, Predecessors *out) {
-  const uint32_t side = pairs->dense_count + 2;
-  uint32_t count = 0;
-  for (NLPDIC_Node *p = enders; p != nullptr; p = p->NextEnding) {
-    if (count == kGathered) {
-      out->count = kTooMany;
-      return;
-    }
-    out->node[count] = p;
-    out->reached[count] = p->PathScore + p->Score;
-    out->row[count] = pairs->scores + reinterpret_cast<const LatticeNode *>(p)->row * side;
-    ++count;
-  }
-  out->count = count;
+  out->count = 0;
+  for (NLPDIC_Node *p = enders; p != nullptr && out->count != kTooMany; p = p->NextEnding)
+    add_predecessor(pairs, *out, p);
 }
 
 void score_listed(const NLPDIC *dict, NLPDIC_Node *enders, NLPDIC_Node *n,

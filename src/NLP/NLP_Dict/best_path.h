@@ -26,10 +26,11 @@ inline uint32_t square_row(const NLPDIC_PairTable *pairs, int32_t class_id) {
   return code < pairs->code_limit ? pairs->dense_of[code] : 0;
 }
 
-// The predecessors of the nodes of one start column, gathered once with
-// their path scores and score-square rows. `count` is kTooMany when the
-// column's end list is longer than the arrays.
-inline constexpr uint32_t kGathered = 48;
+// The nodes of one end column, which are the predecessors of the nodes of
+// the start column after it, with their path scores and score-square rows,
+// gathered in list order. `count` is kTooMany when the column holds more
+// nodes than the arrays.
+inline constexpr uint32_t kGathered = 16;
 inline constexpr uint32_t kTooMany = UINT32_MAX;
 struct Predecessors {
   uint32_t count;
@@ -38,8 +39,21 @@ struct Predecessors {
   const float *row[kGathered];
 };
 
-// Gathers the list `enders` (linked through NextEnding), whose nodes carry
-// their rows in the score square of `pairs`.
+// Adds node `p`, whose path score is found and which carries its row in the
+// score square of `pairs`, to the end of `preds`.
+inline void add_predecessor(const NLPDIC_PairTable *pairs, Predecessors &preds, NLPDIC_Node *p) {
+  if (preds.count >= kGathered) {
+    preds.count = kTooMany;
+    return;
+  }
+  preds.node[preds.count] = p;
+  preds.reached[preds.count] = p->PathScore + p->Score;
+  preds.row[preds.count] =
+      pairs->scores + reinterpret_cast<const LatticeNode *>(p)->row * (pairs->dense_count + 2);
+  ++preds.count;
+}
+
+// Gathers the list `enders` (linked through NextEnding) into `out`.
 void gather_predecessors(const NLPDIC_PairTable *pairs, NLPDIC_Node *enders, Predecessors *out);
 
 // Searches node `n` (whose row is set) among gathered predecessors.

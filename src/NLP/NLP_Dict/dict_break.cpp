@@ -60,21 +60,33 @@ struct Builder {
   // one unit long, so no column but the last begins with "ENDTOK" and the
   // search would not have stopped early.)
   bool searching = false;
-  uint32_t gathered_for = 0;  // the start whose predecessors `preds` holds (0: none)
-  Predecessors preds;         // filled before it is read: left uninitialised
   NLPDIC_Node *best_pred = nullptr;
+  // The end columns still being filled, with what the search needs of their
+  // nodes, which are added as they are searched; by end position like
+  // `tail`, ending_at holding the end position + 1 (0: none).
+  uint32_t ending_at[8] = {};
+  Predecessors ending[8];  // filled before they are read: left uninitialised
 };
 
-// Searches node `n`, which starts at `s`, as it is made.
-void search_new_node(Builder &b, NLPDIC_Node *n, uint32_t s) {
-  if (b.gathered_for != s) {
-    gather_predecessors(b.square, b.end[s - 1], &b.preds);
-    b.gathered_for = s;
+// Adds a searched node that ends at `e` to its end column.
+void add_ending(Builder &b, NLPDIC_Node *n, uint32_t e) {
+  const uint32_t slot = e & 7;
+  if (b.ending_at[slot] != e + 1) {
+    // As in place(): a new end in the slot means an empty end column.
+    b.ending_at[slot] = e + 1;
+    b.ending[slot].count = 0;
   }
-  if (b.preds.count != kTooMany)
-    score_gathered(b.preds, n, b.best_pred);
+  add_predecessor(b.square, b.ending[slot], n);
+}
+
+// Searches node `n`, which starts at `s` and ends at `e`, as it is made.
+void search_new_node(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
+  const uint32_t slot = (s - 1) & 7;
+  if (b.ending_at[slot] == s && b.ending[slot].count != kTooMany)
+    score_gathered(b.ending[slot], n, b.best_pred);
   else
     score_listed(b.dict, b.end[s - 1], n, b.best_pred);
+  add_ending(b, n, e);
 }
 
 NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
@@ -218,7 +230,7 @@ void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool c
     n->Score = kUnknownScore;
     n->Mark = -1.0f;
     place(b, n, s, e);
-    if (b.searching) search_new_node(b, n, s);
+    if (b.searching) search_new_node(b, n, s, e);
     return;
   }
   // Most lists give every word one reading: their records are in word
@@ -239,7 +251,7 @@ void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool c
     }
     n->Score = reading_score(list, record);
     place(b, n, s, e);
-    if (b.searching) search_new_node(b, n, s);
+    if (b.searching) search_new_node(b, n, s, e);
   }
 }
 
@@ -386,6 +398,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.begin[0] = b.end[0] = b.head;
   reinterpret_cast<LatticeNode *>(b.head)->pool = pool;
   b.last_first = b.column_tail = b.head;
+  if (b.searching) add_ending(b, b.head, 0);
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
     add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, text, n);
     // The lookup cache ends as a lookup of every candidate in turn would
@@ -430,7 +443,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.begin[n + 1] = b.end[n + 1] = end_node;
   b.last_first->NextColumn = end_node;
   if (b.searching)
-    search_new_node(b, end_node, n + 1);
+    search_new_node(b, end_node, n + 1, n + 1);
   else
     find_best_path(dict, b.begin, b.end, n + 1);
 
