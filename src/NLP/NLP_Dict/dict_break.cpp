@@ -11,6 +11,10 @@
 namespace utils::nlpdict {
 namespace {
 
+// Every node passes through the helpers marked so: a call apiece would cost
+// more than most of them do.
+#define UTILS_HOT_INLINE __attribute__((always_inline)) inline
+
 constexpr uint32_t kMaxCandidate = 6;  // longest candidate in character mode
 static_assert(kMaxCandidate == kIndexedUnits, "every candidate length is indexed");
 constexpr uint32_t kMaxUnknown = 3;       // longest unknown candidate entered there
@@ -69,7 +73,7 @@ struct Builder {
 };
 
 // Adds a searched node that ends at `e` to its end column.
-void add_ending(Builder &b, NLPDIC_Node *n, uint32_t e) {
+UTILS_HOT_INLINE void add_ending(Builder &b, NLPDIC_Node *n, uint32_t e) {
   const uint32_t slot = e & 7;
   if (b.ending_at[slot] != e + 1) {
     // As in place(): a new end in the slot means an empty end column.
@@ -80,7 +84,7 @@ void add_ending(Builder &b, NLPDIC_Node *n, uint32_t e) {
 }
 
 // Searches node `n`, which starts at `s` and ends at `e`, as it is made.
-void search_new_node(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
+UTILS_HOT_INLINE void search_new_node(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
   const uint32_t slot = (s - 1) & 7;
   if (b.ending_at[slot] == s && b.ending[slot].count != kTooMany)
     score_gathered(b.ending[slot], n, b.best_pred);
@@ -107,7 +111,7 @@ NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
 // by a later end only once no node can end at the earlier one (a node
 // ending eight positions later starts at least three after it), so a slot
 // not holding `e` means the end column is still empty.
-void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
+UTILS_HOT_INLINE void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
   if (s != b.last_column) {
     b.begin[s] = n;
     b.last_first->NextColumn = n;
@@ -149,7 +153,7 @@ NLPDIC_Node *new_word_node_from_image(Builder &b, const bsr_wchar *word, uint32_
 
 // Copies `units` code units; the destination's terminator is already 0.
 // Words and class names are short: their copies are a few moves.
-inline void copy_units(bsr_wchar *to, const bsr_wchar *from, uint32_t units) {
+UTILS_HOT_INLINE void copy_units(bsr_wchar *to, const bsr_wchar *from, uint32_t units) {
   switch (units) {
     case 0:
       return;
@@ -174,7 +178,7 @@ inline void copy_units(bsr_wchar *to, const bsr_wchar *from, uint32_t units) {
 inline uint32_t string_room(uint32_t units) { return ((units + 1) * 2 + 7) & ~7u; }
 
 // Call only when the class names are decoded.
-ClassInfo class_info(const Builder &b, int32_t class_id) {
+UTILS_HOT_INLINE ClassInfo class_info(const Builder &b, int32_t class_id) {
   const NLPDIC_ClassTable *classes = b.dict->Monogram;
   ClassInfo c{class_id, nullptr, 0, 0, 0};
   if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
@@ -188,7 +192,8 @@ ClassInfo class_info(const Builder &b, int32_t class_id) {
 
 // A node of a word, with its copies of the word and of its class name taken
 // from the pool together with it.
-NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, const ClassInfo &c) {
+UTILS_HOT_INLINE NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units,
+                                            const ClassInfo &c) {
   const uint32_t word_room = string_room(units);
   auto *n =
       static_cast<LatticeNode *>(pool_take(b.pool, sizeof(LatticeNode) + word_room + c.name_room));
@@ -206,31 +211,34 @@ NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, co
   return &n->node;
 }
 
-NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, uint32_t units, int32_t class_id) {
-  if (b.decoded) return new_word_node(b, word, units, class_info(b, class_id));
-  return new_word_node_from_image(b, word, units, class_id);
+// Gives a new node (null: memory ran out) its score and mark, places it
+// and, while searching, searches it; false when memory ran out.
+UTILS_HOT_INLINE bool add_node(Builder &b, uint32_t s, uint32_t e, NLPDIC_Node *n, float score,
+                               float mark) {
+  if (n == nullptr) {
+    b.failed = true;
+    return false;
+  }
+  n->Score = score;
+  n->Mark = mark;
+  place(b, n, s, e);
+  if (b.searching) search_new_node(b, n, s, e);
+  return true;
 }
 
 // Enters the readings of the word `word` (`units` long, not necessarily
 // terminated) starting at position s: those of local index `local` of
 // `list`, or, for a null list, one unknown node, left out in character mode
 // when it is longer than three units.
-void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool characters,
-           const NLPDIC_WordList *list, uint32_t local) {
+UTILS_HOT_INLINE void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s,
+                            bool characters, const NLPDIC_WordList *list, uint32_t local) {
   if (b.failed) return;
   const uint32_t e = characters ? s + units - 1 : s;
   if (list == nullptr) {
     if (characters && units > kMaxUnknown) return;
     NLPDIC_Node *n = b.decoded ? new_word_node(b, word, units, b.unknown)
                                : new_word_node_from_image(b, word, units, b.default_class);
-    if (n == nullptr) {
-      b.failed = true;
-      return;
-    }
-    n->Score = kUnknownScore;
-    n->Mark = -1.0f;
-    place(b, n, s, e);
-    if (b.searching) search_new_node(b, n, s, e);
+    add_node(b, s, e, n, kUnknownScore, -1.0f);
     return;
   }
   // Most lists give every word one reading: their records are in word
@@ -244,14 +252,10 @@ void enter(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s, bool c
   }
   for (uint32_t r = 0; r < readings; ++r) {
     const uint32_t record = first_record + r;
-    NLPDIC_Node *n = new_word_node(b, word, units, reading_class(list, record));
-    if (n == nullptr) {
-      b.failed = true;
-      return;
-    }
-    n->Score = reading_score(list, record);
-    place(b, n, s, e);
-    if (b.searching) search_new_node(b, n, s, e);
+    const int32_t class_id = reading_class(list, record);
+    NLPDIC_Node *n = b.decoded ? new_word_node(b, word, units, class_info(b, class_id))
+                               : new_word_node_from_image(b, word, units, class_id);
+    if (!add_node(b, s, e, n, reading_score(list, record), 0.0f)) return;
   }
 }
 
