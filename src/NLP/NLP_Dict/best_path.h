@@ -56,17 +56,22 @@ inline void add_predecessor(const NLPDIC_PairTable *pairs, Predecessors &preds, 
 // Gathers the list `enders` (linked through NextEnding) into `out`.
 void gather_predecessors(const NLPDIC_PairTable *pairs, NLPDIC_Node *enders, Predecessors *out);
 
-// Searches node `n` (whose row is set) among gathered predecessors.
+// Searches node `n` (whose row is set) among gathered predecessors. The
+// loop works on locals: `best_pred` and `preds` may live in one record,
+// and a store to the one would make the compiler reload the other.
 inline void score_gathered(const Predecessors &preds, NLPDIC_Node *n, NLPDIC_Node *&best_pred) {
   const uint32_t column = reinterpret_cast<const LatticeNode *>(n)->row;
+  const uint32_t count = preds.count;
   float best = kNoPath;
-  for (uint32_t j = 0; j < preds.count; ++j) {
+  NLPDIC_Node *chosen = nullptr;
+  for (uint32_t j = 0; j < count; ++j) {
     const float x = preds.reached[j] + preds.row[j][column];
     if (x > best) {
       best = x;
-      best_pred = preds.node[j];
+      chosen = preds.node[j];
     }
   }
+  if (chosen != nullptr) best_pred = chosen;
   n->PathScore = best;
   n->Link = best_pred;
 }

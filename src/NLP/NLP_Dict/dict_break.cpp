@@ -52,6 +52,7 @@ struct Builder {
   int32_t default_class = -1;  // the class of unknown words
   bool decoded = false;        // the class names are decoded: nodes copy them from there
   ClassInfo unknown{};         // then what nodes of the default class copy and carry
+  bool padded_words = false;   // words are copied from text readable eight units past them
   // The last node of each end column still being filled: nodes end at most
   // six positions after the start being entered, so eight slots by end
   // position suffice. tail_end holds the end position + 1 (0: none).
@@ -182,12 +183,36 @@ UTILS_HOT_INLINE ClassInfo class_info(const Builder &b, int32_t class_id) {
   const NLPDIC_ClassTable *classes = b.dict->Monogram;
   ClassInfo c{class_id, nullptr, 0, 0, 0};
   if (class_id >= 0 && class_id < 255 && classes->name_at[class_id] != 0) {
-    c.name = classes->decoded + (classes->name_at[class_id] - 1) / 2;
+    c.name = classes->decoded + classes->decoded_at[class_id];
     c.name_units = classes->name_units[class_id];
     c.name_room = string_room(c.name_units);
   }
   if (b.square != nullptr) c.row = square_row(b.square, class_id);
   return c;
+}
+
+// Copies a word of `units` units from text that is readable for eight
+// units past it (the padded copy of the text), as whole 8-byte words masked
+// past its end, into room of string_room(units) bytes. Little-endian words
+// hold the first unit lowest; other byte orders copy unit by unit.
+UTILS_HOT_INLINE void copy_padded_word(bsr_wchar *to, const bsr_wchar *from, uint32_t units) {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  if (units <= 7) {
+    uint64_t low, high;
+    std::memcpy(&low, from, 8);
+    if (units < 4) {
+      low &= (uint64_t{1} << (16 * units)) - 1;
+      std::memcpy(to, &low, 8);
+      return;
+    }
+    std::memcpy(&high, from + 4, 8);
+    high &= (uint64_t{1} << (16 * (units - 4))) - 1;
+    std::memcpy(to, &low, 8);
+    std::memcpy(to + 4, &high, 8);
+    return;
+  }
+#endif
+  copy_units(to, from, units);
 }
 
 // A node of a word, with its copies of the word and of its class name taken
@@ -200,10 +225,15 @@ UTILS_HOT_INLINE NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, u
   if (n == nullptr) return nullptr;
   auto *strings = reinterpret_cast<bsr_wchar *>(n + 1);
   n->node.Word = strings;
-  copy_units(strings, word, units);
+  if (b.padded_words)
+    copy_padded_word(strings, word, units);
+  else
+    copy_units(strings, word, units);
   if (c.name != nullptr) {
-    n->node.ClassName = strings + word_room / 2;
-    copy_units(n->node.ClassName, c.name, c.name_units);
+    // The padded name, terminator and zeros included, word by word.
+    bsr_wchar *name = strings + word_room / 2;
+    n->node.ClassName = name;
+    for (uint32_t k = 0; k < c.name_room / 2; k += 4) std::memcpy(name + k, c.name + k, 8);
   }
   n->node.Length = static_cast<int32_t>(units);
   n->node.ClassId = c.id;
@@ -361,7 +391,9 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   if (slots > UINT32_MAX / 4) return nullptr;
   // Real text makes about three nodes per position, each with a word and a
   // class name of a few units; the two sentinels and the columns come on top.
-  LatticePool *pool = make_pool((uint64_t{n} * 3 + 2) * (sizeof(LatticeNode) + 24) + 2 * slots);
+  const uint64_t padded_bytes = (uint64_t{n} + 8) * sizeof(bsr_wchar);
+  LatticePool *pool =
+      make_pool((uint64_t{n} * 3 + 2) * (sizeof(LatticeNode) + 24) + 2 * slots + padded_bytes);
   if (pool != nullptr) {
     dict->BeginColumns = static_cast<NLPDIC_Node **>(pool_take(pool, static_cast<uint32_t>(slots)));
     dict->EndColumns = static_cast<NLPDIC_Node **>(pool_take(pool, static_cast<uint32_t>(slots)));
@@ -404,7 +436,17 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.last_first = b.column_tail = b.head;
   if (b.searching) add_ending(b, b.head, 0);
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
-    add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, text, n);
+    // Candidates are read from a copy of the text with eight zero units
+    // after it, so that each word is copied as whole words of memory.
+    auto *padded = static_cast<bsr_wchar *>(pool_take(pool, static_cast<uint32_t>(padded_bytes)));
+    if (padded == nullptr) {
+      free_pool(pool);
+      release_columns(dict);
+      return nullptr;
+    }
+    std::memcpy(padded, text, n * sizeof(bsr_wchar));
+    b.padded_words = true;
+    add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, padded, n);
     // The lookup cache ends as a lookup of every candidate in turn would
     // leave it: holding the last one, the text's last unit.
     lookup_word_id(dict, text + n - 1, 1);

@@ -22,6 +22,26 @@ void *zeroed(uint64_t size) {
   return bsr_safe_calloc(static_cast<uint32_t>(size == 0 ? 1 : size));
 }
 
+// Units of a name's padded copy: its units and terminator, rounded up to
+// whole 8-byte words.
+uint32_t padded_units(uint32_t units) { return (units + 1 + 3) & ~3u; }
+
+void decode_names(NLPDIC_ClassTable *t) {
+  uint64_t total = 0;
+  for (uint32_t c = 0; c < 255; ++c)
+    if (t->name_at[c] != 0) total += padded_units(t->name_units[c]);
+  t->decoded = static_cast<bsr_wchar *>(zeroed((total == 0 ? 1 : total) * sizeof(bsr_wchar)));
+  if (t->decoded == nullptr) return;
+  uint32_t at = 0;
+  for (uint32_t c = 0; c < 255; ++c) {
+    if (t->name_at[c] == 0) continue;
+    t->decoded_at[c] = at;
+    const uint8_t *name = t->Names + t->name_at[c] - 1;
+    for (uint32_t k = 0; k < t->name_units[c]; ++k) t->decoded[at + k] = read_u16(name + 2 * k);
+    at += padded_units(t->name_units[c]);
+  }
+}
+
 NLPDIC_ClassTable *make_class_table(const uint8_t *body) {
   auto *t = static_cast<NLPDIC_ClassTable *>(zeroed(sizeof(NLPDIC_ClassTable)));
   if (t == nullptr) return nullptr;
@@ -46,12 +66,7 @@ NLPDIC_ClassTable *make_class_table(const uint8_t *body) {
     }
     name = (p + 1 < t->NamesEnd) ? p + 2 : nullptr;
   }
-  if (names_bytes < (1u << 20)) {
-    const uint32_t units = names_bytes / 2;
-    t->decoded = static_cast<bsr_wchar *>(zeroed((uint64_t{units} + 1) * sizeof(bsr_wchar)));
-    if (t->decoded != nullptr)
-      for (uint32_t k = 0; k < units; ++k) t->decoded[k] = read_u16(t->Names + 2 * k);
-  }
+  if (names_bytes < (1u << 20)) decode_names(t);
   return t;
 }
 

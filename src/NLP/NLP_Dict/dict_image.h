@@ -24,10 +24,13 @@ struct NLPDIC_ClassTable {
   // code that no byte carries: found once here, not per lattice node.
   uint32_t name_at[255];
   uint32_t name_units[255];  // the length of that name in units
-  // The name block as aligned UTF-16 (name_at offsets halved), so that a
-  // node's copy of its class name is one block copy; null when it could
-  // not be made (the names are then read from the image).
+  // The names of the codes as aligned UTF-16, each at decoded_at[code]
+  // (in units, a multiple of four) and zero-filled to a whole number of
+  // 8-byte words past its terminator, so that a node's copy of its class
+  // name is a word or two; null when it could not be made (the names are
+  // then read from the image).
   bsr_wchar *decoded;
+  uint32_t decoded_at[255];
 };
 
 // "BIGRAM": the class-pair table, searched as if linearly (the first entry
