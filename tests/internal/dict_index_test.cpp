@@ -1,9 +1,9 @@
 // dict_index_test.cpp - the indexes a dictionary builds when it is created
 // (the word filter, the first-unit word index, the decoded class names, the
-// square and hashed class-pair indexes, the square of transition scores)
-// change no result: random dictionaries and texts segmented with them, with
-// some of them, and with plain binary searches and a linear scan of the
-// pairs give the same lattices.
+// square and hashed class-pair indexes, the square of transition scores,
+// the recent runs) change no result: random dictionaries and texts
+// segmented with them, with some of them, and with plain binary searches
+// and a linear scan of the pairs give the same lattices.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -222,6 +222,56 @@ TEST(DictIndexes, NoFirstUnitIndexOverAListOutOfOrder) {
     NLPDIC_Destroy(plain);
     NLPDIC_Destroy(d);
   }
+}
+
+TEST(DictIndexes, RecentRunsStayExactWhenTheyCollide) {
+  // Most pairs of 100 units are words, and some triples; the texts hold far
+  // more distinct runs than the recent runs keep, so slots are taken over
+  // again and again by runs with other results. Every lattice, on a first
+  // pass and on a second, is the one segmentation gives without the index
+  // (and so without the recent runs).
+  std::mt19937 rng(7);
+  auto unit = [&] { return static_cast<char16_t>(0x4E00 + rng() % 100); };
+  std::set<std::u16string> by_length[4];
+  for (int k = 0; k < 24000; ++k) {
+    const size_t len = k % 4 == 0 ? 3 : 2;
+    std::u16string w;
+    for (size_t j = 0; j < len; ++j) w += unit();
+    by_length[len].insert(w);
+  }
+  std::vector<Bytes> parts = {
+      monogram({{u"A", 0}, {u"B", 1}, {u"C", 2}}, 2),
+      bigram({{0, 1, -1.0f, 0.0f}, {1, 0, -2.0f, 0.0f}, {2, 2, -0.5f, 0.0f}}), word_table(3)};
+  for (size_t len = 2; len <= 3; ++len) {
+    LengthEntry e;
+    e.min = -12.0f;
+    e.max = -1.0f;
+    for (const std::u16string &w : by_length[len]) {
+      e.words.push_back(w);
+      e.readings.push_back({{static_cast<uint8_t>(rng() % 3), static_cast<uint8_t>(rng() % 256)}});
+    }
+    parts.push_back(word_class(static_cast<uint32_t>(len), e));
+  }
+  parts.push_back(end_keyword());
+  Bytes image;
+  for (const Bytes &p : parts) image.insert(image.end(), p.begin(), p.end());
+  std::vector<std::u16string> texts;
+  std::set<std::u16string> runs;
+  for (int t = 0; t < 60; ++t) {
+    std::u16string text;
+    for (int j = 0; j < 300; ++j) text += unit();
+    for (size_t j = 0; j + 2 <= text.size(); ++j) runs.insert(text.substr(j, 2));
+    texts.push_back(text);
+  }
+  ASSERT_GT(runs.size(), 2 * size_t{utils::nlpdict::kRecentRuns});
+  NLPDIC *d = NLPDIC_Create(image.data());
+  ASSERT_NE(reinterpret_cast<utils::nlpdict::DictObject *>(d)->recent, nullptr);
+  NLPDIC *plain = without(image, kFirstUnit);
+  for (int pass = 0; pass < 2; ++pass)
+    for (const std::u16string &text : texts)
+      EXPECT_EQ(lattice(d, text, 1), lattice(plain, text, 1)) << pass;
+  NLPDIC_Destroy(plain);
+  NLPDIC_Destroy(d);
 }
 
 TEST(DictIndexes, HashedPairIndexWhenTooManyClasses) {

@@ -42,6 +42,7 @@ struct Builder {
   NLPDIC *dict = nullptr;
   const NLPDIC_PairTable *square = nullptr;  // the pair table when it has a score square
   const WordFilter *filter = nullptr;
+  RecentRuns *recent = nullptr;  // the dictionary's recent runs, if it has them
   LatticePool *pool = nullptr;
   NLPDIC_Node **begin = nullptr, **end = nullptr;
   NLPDIC_Node *head = nullptr;         // the "BEGTOK" node
@@ -301,6 +302,23 @@ void add_candidate(Builder &b, const bsr_wchar *word, uint32_t units, uint32_t s
   enter(b, word, units, s, characters, list, local);
 }
 
+// The local index of the word text[0..units) among the words that begin
+// with its unit (`slot` in the index), or -1; through the recent runs when
+// the run is of a length they keep.
+UTILS_HOT_INLINE int32_t find_candidate(const Builder &b, const FirstUnitIndex &index,
+                                        uint32_t slot, const bsr_wchar *text, uint32_t units) {
+  RecentRuns *recent = b.recent;
+  if (recent == nullptr || !recent_length(units))
+    return find_indexed(b.dict, index, slot, text, units);
+  const uint64_t key = recent_key(text, units);
+  const uint32_t at = recent_slot(key);
+  if (recent->key[at] != key) {
+    recent->key[at] = key;
+    recent->local[at] = find_indexed(b.dict, index, slot, text, units);
+  }
+  return recent->local[at];
+}
+
 // Character mode through the first-unit index: the candidates of each
 // start are searched among the words that begin with its unit.
 void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text, uint32_t n) {
@@ -326,7 +344,7 @@ void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text,
       if (!extends && len > kMaxUnknown) break;
       const unsigned said = !extends ? 0 : len == 1 ? 3 : filter_probe(*b.filter, h, len);
       const int32_t local =
-          (said & 1) == 0 ? -1 : find_indexed(b.dict, index, slot - 1, text + i, len);
+          (said & 1) == 0 ? -1 : find_candidate(b, index, slot - 1, text + i, len);
       if (local < 0)
         enter(b, text + i, len, i + 1, true, nullptr, 0);
       else
@@ -420,6 +438,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.begin = dict->BeginColumns;
   b.end = dict->EndColumns;
   b.filter = &reinterpret_cast<const DictObject *>(dict)->filter;
+  b.recent = reinterpret_cast<DictObject *>(dict)->recent;
   b.default_class = NLPDIC_GetDefaultID(dict);
   b.decoded = dict->Monogram != nullptr && dict->Monogram->decoded != nullptr;
   if (b.decoded) b.unknown = class_info(b, b.default_class);

@@ -458,6 +458,7 @@ UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
   }
   build_filter(dict, &object->filter);
   build_first_index(object);
+  object->recent = static_cast<RecentRuns *>(zeroed(sizeof(RecentRuns)));
   return dict;
 }
 
@@ -473,6 +474,7 @@ UTILS_API void NLPDIC_Destroy(NLPDIC *dict) {
   bsr_free(reinterpret_cast<DictObject *>(dict)->filter.bits);
   bsr_free(reinterpret_cast<DictObject *>(dict)->first.slot_of);
   bsr_free(reinterpret_cast<DictObject *>(dict)->first.starts);
+  bsr_free(reinterpret_cast<DictObject *>(dict)->recent);
   bsr_free(dict);
 }
 

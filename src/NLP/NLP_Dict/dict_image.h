@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "NLP/NLP_Dict/recent_runs.h"
 #include "NLP/NLP_Dict/word_filter.h"
 #include "nlp_dict.h"
 
@@ -124,6 +125,7 @@ struct DictObject {
   NLPDIC dict;
   WordFilter filter;
   FirstUnitIndex first;
+  RecentRuns *recent;  // null: segmentation searches every candidate
 };
 
 // Units 1..4 of a word of `units` units (at most 5), packed so that
