@@ -319,6 +319,16 @@ UTILS_HOT_INLINE int32_t find_candidate(const Builder &b, const FirstUnitIndex &
   return recent->local[at];
 }
 
+// Leaves the lookup cache as a lookup of every candidate in turn would:
+// holding the last one, the text's last unit. Its identifier is its local
+// index in the one-unit list, which no shorter list precedes.
+void remember_last_unit(NLPDIC *dict, const FirstUnitIndex &index, bsr_wchar unit) {
+  const uint32_t slot = index.slot_of[static_cast<uint16_t>(unit)];
+  dict->LastWord[0] = unit;
+  dict->LastWord[1] = 0;
+  dict->LastId = slot == 0 ? -1 : find_indexed(dict, index, slot - 1, &unit, 1);
+}
+
 // Character mode through the first-unit index: the candidates of each
 // start are searched among the words that begin with its unit.
 void add_indexed(Builder &b, const FirstUnitIndex &index, const bsr_wchar *text, uint32_t n) {
@@ -466,9 +476,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
     std::memcpy(padded, text, n * sizeof(bsr_wchar));
     b.padded_words = true;
     add_indexed(b, reinterpret_cast<DictObject *>(dict)->first, padded, n);
-    // The lookup cache ends as a lookup of every candidate in turn would
-    // leave it: holding the last one, the text's last unit.
-    lookup_word_id(dict, text + n - 1, 1);
+    remember_last_unit(dict, reinterpret_cast<DictObject *>(dict)->first, text[n - 1]);
   } else if (characters) {
     for (uint32_t i = 0; i < n && !b.failed; ++i) {
       // Once no word begins with the candidate, the longer ones are not
