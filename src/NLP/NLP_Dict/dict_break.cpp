@@ -107,12 +107,12 @@ NLPDIC_Node *make_sentinel(Builder &b, const bsr_wchar *name) {
 }
 
 // Places a new node that starts at `s` and ends at `e` in both columns.
-// Neither column is read: starts are entered in increasing order (one node
-// per token in token mode), so a start other than the last one entered
-// opens an empty column after it, and an end column's slot below is taken
-// by a later end only once no node can end at the earlier one (a node
-// ending eight positions later starts at least three after it), so a slot
-// not holding `e` means the end column is still empty.
+// Neither column is read: starts are entered in increasing order (in token
+// mode a token's readings come together), so a start other than the last
+// one entered opens an empty column after it, and an end column's slot
+// below is taken by a later end only once no node can end at the earlier
+// one (a node ending eight positions later starts at least three after
+// it), so a slot not holding `e` means the end column is still empty.
 UTILS_HOT_INLINE void place(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
   if (s != b.last_column) {
     b.begin[s] = n;
