@@ -16,7 +16,8 @@
  * Image integers and floats are little-endian; text in the image is UTF-16.
  * NLPDIC_Create trusts the image: check images that come from outside first.
  * One dictionary is used by one thread at a time (it caches its last lookup
- * and holds the working columns of a segmentation). */
+ * and the results of its recent word searches, and holds the working
+ * columns of a segmentation). */
 #ifndef UTILS_NLP_DICT_H
 #define UTILS_NLP_DICT_H
 
