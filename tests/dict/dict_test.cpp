@@ -327,6 +327,26 @@ TEST(DictBreak, KeptPredecessorWhenNothingBeatsTheStartingBest) {
   NLPDIC_DeleNode(head);
 }
 
+TEST(DictBreak, SearchStopsAfterATokenSpelledEndtok) {
+  // The search stops after the column whose first node's word is
+  // "ENDTOK": the token of that name is searched, the token after it and
+  // the real "ENDTOK" are not, so the path from "BEGTOK" is empty.
+  Dict d(standard_image({}));
+  NLPDIC_Node *head = NLPDIC_DictBreak(d.dict, u"a ENDTOK b", 0);
+  ASSERT_NE(head, nullptr);
+  NLPDIC_Node *a = head->NextColumn;
+  NLPDIC_Node *token = a->NextColumn;
+  NLPDIC_Node *b = token->NextColumn;
+  NLPDIC_Node *end = b->NextColumn;
+  EXPECT_EQ(token->Link, a);
+  EXPECT_EQ(token->PathScore, (-0.3f + -100.0f) + -100.0f);
+  EXPECT_EQ(b->Link, nullptr);
+  EXPECT_EQ(b->PathScore, 0.0f);
+  EXPECT_EQ(end->Link, nullptr);
+  EXPECT_EQ(head->Link, nullptr);
+  NLPDIC_DeleNode(head);
+}
+
 TEST(DictBreak, TokenModeSplitting) {
   Dict d(standard_image({}));
   struct Case {
