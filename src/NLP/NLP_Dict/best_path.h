@@ -4,9 +4,10 @@
 //
 // The best predecessor is deliberately not reset between nodes: a node that
 // no predecessor scores above the starting best keeps the one chosen for the
-// node searched before it, in column order across the whole lattice. Every
-// way of searching here keeps that order and the same single-precision
-// arithmetic, (PathScore + Score) + transition, so all give the same result.
+// node searched before it, in column order across the whole lattice. Both
+// ways of searching a node here (through the score square, or through the
+// pair table itself) do the same single-precision arithmetic,
+// (PathScore + Score) + transition, so both give the same result.
 #ifndef UTILS_NLP_DICT_BEST_PATH_H
 #define UTILS_NLP_DICT_BEST_PATH_H
 
@@ -53,9 +54,6 @@ inline void add_predecessor(const NLPDIC_PairTable *pairs, Predecessors &preds, 
   ++preds.count;
 }
 
-// Gathers the list `enders` (linked through NextEnding) into `out`.
-void gather_predecessors(const NLPDIC_PairTable *pairs, NLPDIC_Node *enders, Predecessors *out);
-
 // Searches node `n` (whose row is set) among gathered predecessors. The
 // loop works on locals: `best_pred` and `preds` may live in one record,
 // and a store to the one would make the compiler reload the other.
@@ -79,10 +77,6 @@ inline void score_gathered(const Predecessors &preds, NLPDIC_Node *n, NLPDIC_Nod
 // Searches node `n` among the list `enders`, asking the pair table for each
 // transition.
 void score_listed(const NLPDIC *dict, NLPDIC_Node *enders, NLPDIC_Node *n, NLPDIC_Node *&best_pred);
-
-// Searches the columns 1..last of a finished lattice (begin and end columns
-// by position), stopping after a column whose first node is "ENDTOK".
-void find_best_path(const NLPDIC *dict, NLPDIC_Node **begin, NLPDIC_Node **end, uint32_t last);
 
 }  // namespace utils::nlpdict
 

@@ -59,13 +59,14 @@ struct Builder {
   // position suffice. tail_end holds the end position + 1 (0: none).
   uint32_t tail_end[8] = {};
   NLPDIC_Node *tail[8] = {};
-  // Character mode with a score square searches each node as it is made:
-  // a node's predecessors all end before its start, and starts are entered
-  // in order, so their column is complete by then, and nodes are made in
-  // the order the search takes them. (The first node of every column is
-  // one unit long, so no column but the last begins with "ENDTOK" and the
-  // search would not have stopped early.)
-  bool searching = false;
+  // Each node is searched as it is made: its predecessors all end before
+  // its start, and starts (tokens) are entered in order, so their column is
+  // complete by then, and nodes are made in the order a search of the
+  // finished lattice would take them. That search stops after the first
+  // column whose first node is "ENDTOK"; in character mode that is the last
+  // column (every other begins with one unit), in token mode it may be a
+  // token of that spelling. Later columns are not searched.
+  uint32_t stop_after = UINT32_MAX;
   NLPDIC_Node *best_pred = nullptr;
   // The end columns still being filled, with what the search needs of their
   // nodes, which are added as they are searched; by end position like
@@ -85,8 +86,15 @@ UTILS_HOT_INLINE void add_ending(Builder &b, NLPDIC_Node *n, uint32_t e) {
   add_predecessor(b.square, b.ending[slot], n);
 }
 
-// Searches node `n`, which starts at `s` and ends at `e`, as it is made.
+// Searches node `n`, which starts at `s` and ends at `e`, as it is made:
+// through the score square and the gathered end columns when the
+// dictionary has the square, else through the pair table and the end list.
 UTILS_HOT_INLINE void search_new_node(Builder &b, NLPDIC_Node *n, uint32_t s, uint32_t e) {
+  if (s > b.stop_after) return;
+  if (b.square == nullptr) {
+    score_listed(b.dict, b.end[s - 1], n, b.best_pred);
+    return;
+  }
   const uint32_t slot = (s - 1) & 7;
   if (b.ending_at[slot] == s && b.ending[slot].count != kTooMany)
     score_gathered(b.ending[slot], n, b.best_pred);
@@ -243,7 +251,7 @@ UTILS_HOT_INLINE NLPDIC_Node *new_word_node(Builder &b, const bsr_wchar *word, u
 }
 
 // Gives a new node (null: memory ran out) its score and mark, places it
-// and, while searching, searches it; false when memory ran out.
+// and searches it; false when memory ran out.
 UTILS_HOT_INLINE bool add_node(Builder &b, uint32_t s, uint32_t e, NLPDIC_Node *n, float score,
                                float mark) {
   if (n == nullptr) {
@@ -253,7 +261,7 @@ UTILS_HOT_INLINE bool add_node(Builder &b, uint32_t s, uint32_t e, NLPDIC_Node *
   n->Score = score;
   n->Mark = mark;
   place(b, n, s, e);
-  if (b.searching) search_new_node(b, n, s, e);
+  search_new_node(b, n, s, e);
   return true;
 }
 
@@ -452,7 +460,6 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.default_class = NLPDIC_GetDefaultID(dict);
   b.decoded = dict->Monogram != nullptr && dict->Monogram->decoded != nullptr;
   if (b.decoded) b.unknown = class_info(b, b.default_class);
-  b.searching = characters && b.square != nullptr;
   b.head = make_sentinel(b, kBegin);
   if (b.head == nullptr) {
     release_columns(dict);
@@ -463,7 +470,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   b.begin[0] = b.end[0] = b.head;
   reinterpret_cast<LatticeNode *>(b.head)->pool = pool;
   b.last_first = b.column_tail = b.head;
-  if (b.searching) add_ending(b, b.head, 0);
+  if (b.square != nullptr) add_ending(b, b.head, 0);
   if (characters && reinterpret_cast<DictObject *>(dict)->first.slot_of != nullptr) {
     // Candidates are read from a copy of the text with eight zero units
     // after it, so that each word is copied as whole words of memory.
@@ -503,6 +510,9 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
       std::memcpy(candidate, text + tokens[t].start, tokens[t].units * sizeof(bsr_wchar));
       candidate[tokens[t].units] = 0;
       add_candidate(b, candidate, tokens[t].units, t + 1, false);
+      const NLPDIC_Node *first = b.begin[t + 1];
+      if (b.stop_after == UINT32_MAX && first != nullptr && bsr_wcscmp(first->Word, kEnd) == 0)
+        b.stop_after = t + 1;
     }
     if (candidate != small) bsr_free(candidate);
   }
@@ -515,10 +525,7 @@ extern "C" UTILS_API NLPDIC_Node *NLPDIC_DictBreak(NLPDIC *dict, const bsr_wchar
   }
   b.begin[n + 1] = b.end[n + 1] = end_node;
   b.last_first->NextColumn = end_node;
-  if (b.searching)
-    search_new_node(b, end_node, n + 1, n + 1);
-  else
-    find_best_path(dict, b.begin, b.end, n + 1);
+  search_new_node(b, end_node, n + 1, n + 1);
 
   // Turn the chain of best predecessors, read from the end, into the chain
   // of next words read from the start.
