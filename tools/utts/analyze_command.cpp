@@ -7,6 +7,7 @@
 #include "ssml_io.h"
 #include "utt_features.h"
 #include "utterance.h"
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/front_end.h"
@@ -62,45 +63,29 @@ struct Options {
 };
 
 bool parse_options(int argc, char **argv, Options &options, std::string &error) {
-  bool have_input = false;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into, const char *what) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
-        error = "option '" + arg + "' needs " + what;
-        return false;
-      }
-      into = argv[++i];
-      return true;
-    };
+  Arguments args("analyze", argc, argv);
+  while (args.next()) {
     std::string rules;
-    if (arg == "-h" || arg == "--help") {
+    if (args.is("-h", "--help")) {
       options.help = true;
-    } else if (arg == "-s" || arg == "--stages") {
+    } else if (args.is("-s", "--stages")) {
       options.stages = true;
-    } else if (arg == "-l" || arg == "--lang") {
-      if (!value(options.lang, "a language tag")) return false;
-    } else if (arg == "-d" || arg == "--dict") {
-      if (!value(options.dict, "a file name")) return false;
-    } else if (arg == "-f" || arg == "--fields") {
-      if (!value(options.fields, "a file name")) return false;
-    } else if (arg == "-o" || arg == "--output") {
-      if (!value(options.output, "a file name")) return false;
-    } else if (arg == "-r" || arg == "--rules") {
-      if (!value(rules, "a file name")) return false;
-      options.rule_files.push_back(rules);
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      error = "unknown option '" + arg + "' (see 'utts analyze --help')";
-      return false;
-    } else if (have_input) {
-      error = "more than one input file given ('" + options.input + "', '" + arg + "')";
-      return false;
+    } else if (args.is("-l", "--lang")) {
+      args.value(options.lang, "a language tag");
+    } else if (args.is("-d", "--dict")) {
+      args.value(options.dict, "a file name");
+    } else if (args.is("-f", "--fields")) {
+      args.value(options.fields, "a file name");
+    } else if (args.is("-o", "--output")) {
+      args.value(options.output, "a file name");
+    } else if (args.is("-r", "--rules")) {
+      if (args.value(rules, "a file name")) options.rule_files.push_back(rules);
     } else {
-      options.input = arg;
-      have_input = true;
+      args.input(options.input);
     }
   }
-  return true;
+  error = args.error();
+  return args.ok();
 }
 
 class Stages {

@@ -6,6 +6,7 @@
 
 #include "dtree.h"
 #include "hts_model.h"
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/model_text.h"
@@ -61,27 +62,18 @@ bool write_file(const std::string &path, const std::string &bytes, std::string &
 // -1 to go on, else the exit status.
 int read_arguments(int argc, char **argv, const char *usage, const char *command,
                    std::string &input, std::string &output) {
-  bool have_input = false;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    if (arg == "-h" || arg == "--help") {
+  Arguments args(command, argc, argv);
+  while (args.next()) {
+    if (args.is("-h", "--help")) {
       std::fputs(usage, stdout);
       return 0;
-    }
-    if (arg == "-o" || arg == "--output") {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0')
-        return fail("option '" + arg + "' needs a file name", 2);
-      output = argv[++i];
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      return fail("unknown option '" + arg + "' (see 'utts " + command + " --help')", 2);
-    } else if (have_input) {
-      return fail("more than one input file given", 2);
+    } else if (args.is("-o", "--output")) {
+      args.value(output, "a file name");
     } else {
-      input = arg;
-      have_input = true;
+      args.input(input);
     }
   }
-  return -1;
+  return args.ok() ? -1 : fail(args.error(), 2);
 }
 
 std::string name_of(const std::string &input) { return input == "-" ? "standard input" : input; }

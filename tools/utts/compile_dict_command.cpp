@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "nlp_dict.h"
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/dict_source.h"
 #include "utts/file_io.h"
@@ -42,34 +43,30 @@ const char kUsage[] =
 int run_compile_dict(int argc, char **argv) {
   std::vector<std::pair<std::string, std::string>> inputs;  // (file, section)
   std::string output, phrase_break, stress;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') return false;
-      into = argv[++i];
-      return true;
-    };
+  Arguments args("compile-dict", argc, argv);
+  std::vector<std::string> files;
+  while (args.next()) {
     std::string v;
-    if (arg == "-h" || arg == "--help") {
+    if (args.is("-h", "--help")) {
       std::fputs(kUsage, stdout);
       return 0;
-    } else if (arg == "-c" || arg == "--classes" || arg == "-p" || arg == "--pairs" ||
-               arg == "-l" || arg == "--lexicon") {
-      if (!value(v)) return fail("option '" + arg + "' needs a file name", 2);
+    } else if (args.is("-c", "--classes") || args.is("-p", "--pairs") ||
+               args.is("-l", "--lexicon")) {
+      const std::string &arg = args.arg();
       const char kind = arg[1] == '-' ? arg[2] : arg[1];
-      inputs.emplace_back(v, kind == 'c' ? "classes" : kind == 'p' ? "pairs" : "words");
-    } else if (arg == "--phrase-break") {
-      if (!value(phrase_break)) return fail("option '" + arg + "' needs a file name", 2);
-    } else if (arg == "--stress") {
-      if (!value(stress)) return fail("option '" + arg + "' needs a file name", 2);
-    } else if (arg == "-o" || arg == "--output") {
-      if (!value(output)) return fail("option '" + arg + "' needs a file name", 2);
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      return fail("unknown option '" + arg + "' (see 'utts compile-dict --help')", 2);
-    } else {
-      inputs.emplace_back(arg, "");
+      if (args.value(v, "a file name"))
+        inputs.emplace_back(v, kind == 'c' ? "classes" : kind == 'p' ? "pairs" : "words");
+    } else if (args.is(nullptr, "--phrase-break")) {
+      args.value(phrase_break, "a file name");
+    } else if (args.is(nullptr, "--stress")) {
+      args.value(stress, "a file name");
+    } else if (args.is("-o", "--output")) {
+      args.value(output, "a file name");
+    } else if (args.operand(files)) {
+      inputs.emplace_back(files.back(), "");
     }
   }
+  if (!args.ok()) return fail(args.error(), 2);
   if (output.empty()) return fail("no output file given (-o)", 2);
   if (inputs.empty()) return fail("no input given", 2);
   // Classes first, so that pairs and words can name them in any file order.

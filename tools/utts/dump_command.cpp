@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string>
 
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/image_kinds.h"
@@ -34,28 +35,21 @@ const std::string kUsage = usage_text();
 
 int run_dump(int argc, char **argv) {
   std::string input = "-", kind, image, error;
-  bool have_input = false;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    if (arg == "-h" || arg == "--help") {
+  Arguments args("dump", argc, argv);
+  while (args.next()) {
+    if (args.is("-h", "--help")) {
       std::fputs(kUsage.c_str(), stdout);
       return 0;
-    }
-    if (arg == "-k" || arg == "--kind") {
-      if (i + 1 >= argc) return fail("option '" + arg + "' needs a kind", 2);
-      kind = argv[++i];
+    } else if (args.is("-k", "--kind")) {
+      if (!args.value(kind, "a kind")) break;
       bool known = false;
       for (const ImageKind *k = kImageKinds; k->name != nullptr; ++k) known |= kind == k->name;
-      if (!known) return fail("unknown kind '" + kind + "' (see 'utts dump --help')", 2);
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      return fail("unknown option '" + arg + "' (see 'utts dump --help')", 2);
-    } else if (have_input) {
-      return fail("more than one image given", 2);
+      if (!known) args.fail("unknown kind '" + kind + "' (see 'utts dump --help')");
     } else {
-      input = arg;
-      have_input = true;
+      args.input(input);
     }
   }
+  if (!args.ok()) return fail(args.error(), 2);
   if (!read_all(input, image, error)) return fail(error);
   const ImageKind *k = find_image_kind(image, kind);
   const std::string name = input == "-" ? "standard input" : "'" + input + "'";

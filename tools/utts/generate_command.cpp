@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/label_fields.h"
@@ -55,56 +56,38 @@ struct Options {
 };
 
 bool parse_options(int argc, char **argv, Options &o, std::string &error) {
-  int positional = 0;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
-        error = "option '" + arg + "' needs a value";
-        return false;
-      }
-      into = argv[++i];
-      return true;
-    };
-    if (arg == "-h" || arg == "--help") {
+  Arguments args("generate", argc, argv);
+  std::vector<std::string> operands, models;
+  while (args.next()) {
+    std::string m;
+    if (args.is("-h", "--help")) {
       o.help = true;
-    } else if (arg == "-m" || arg == "--model") {
-      std::string m;
-      if (!value(m)) return false;
-      o.models.push_back(m);
-    } else if (arg == "--fields") {
-      if (!value(o.fields_file)) return false;
-    } else if (arg == "--model-fields") {
+    } else if (args.is("-m", "--model")) {
+      if (args.value(m, "a value")) models.push_back(m);
+    } else if (args.is(nullptr, "--fields")) {
+      args.value(o.fields_file, "a value");
+    } else if (args.is(nullptr, "--model-fields")) {
       o.model_fields = true;
-    } else if (arg == "-f" || arg == "--format") {
-      if (!value(o.format)) return false;
-      if (o.format != "text" && o.format != "raw") {
-        error = "the format is text or raw, not '" + o.format + "'";
-        return false;
-      }
-    } else if (arg == "-o" || arg == "--output") {
-      if (!value(o.output)) return false;
-    } else if (arg == "--plot") {
-      if (!value(o.plot)) return false;
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      error = "unknown option '" + arg + "' (see 'utts generate --help')";
-      return false;
-    } else if (positional == 0) {
-      o.models.insert(o.models.begin(), arg);
-      ++positional;
-    } else if (positional == 1) {
-      o.labels_file = arg;
-      ++positional;
-    } else {
-      error = "more than a model and a label file given";
-      return false;
+    } else if (args.is("-f", "--format")) {
+      if (args.value(o.format, "a value") && o.format != "text" && o.format != "raw")
+        args.fail("the format is text or raw, not '" + o.format + "'");
+    } else if (args.is("-o", "--output")) {
+      args.value(o.output, "a value");
+    } else if (args.is(nullptr, "--plot")) {
+      args.value(o.plot, "a value");
+    } else if (args.operand(operands) && operands.size() > 2) {
+      args.fail("more than a model and a label file given");
     }
   }
-  if (o.help) return true;
-  if (positional == 0) {
+  error = args.error();
+  if (!args.ok() || o.help) return args.ok();
+  if (operands.empty()) {
     error = "no model given (see 'utts generate --help')";
     return false;
   }
+  o.models.push_back(operands[0]);
+  o.models.insert(o.models.end(), models.begin(), models.end());
+  if (operands.size() > 1) o.labels_file = operands[1];
   if (o.model_fields && !o.fields_file.empty()) {
     error = "--fields and --model-fields exclude each other";
     return false;

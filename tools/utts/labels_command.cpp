@@ -10,6 +10,7 @@
 #include "ssml_tags.h"
 #include "utt_walk.h"
 #include "utterance.h"
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/label_fields.h"
@@ -55,39 +56,24 @@ struct Options {
 };
 
 bool parse_options(int argc, char **argv, Options &options, std::string &error) {
-  bool have_input = false;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into, const char *what) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
-        error = "option '" + arg + "' needs " + what;
-        return false;
-      }
-      into = argv[++i];
-      return true;
-    };
-    if (arg == "-h" || arg == "--help") {
+  Arguments args("labels", argc, argv);
+  while (args.next()) {
+    if (args.is("-h", "--help")) {
       options.help = true;
-    } else if (arg == "-f" || arg == "--fields") {
-      if (!value(options.fields_file, "a file name")) return false;
-    } else if (arg == "-a" || arg == "--attr") {
-      if (!value(options.attr, "an attribute name")) return false;
-    } else if (arg == "-l" || arg == "--lang") {
-      if (!value(options.lang, "a language tag")) return false;
-    } else if (arg == "-o" || arg == "--output") {
-      if (!value(options.output, "a file name")) return false;
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      error = "unknown option '" + arg + "' (see 'utts labels --help')";
-      return false;
-    } else if (have_input) {
-      error = "more than one input file given ('" + options.input + "', '" + arg + "')";
-      return false;
+    } else if (args.is("-f", "--fields")) {
+      args.value(options.fields_file, "a file name");
+    } else if (args.is("-a", "--attr")) {
+      args.value(options.attr, "an attribute name");
+    } else if (args.is("-l", "--lang")) {
+      args.value(options.lang, "a language tag");
+    } else if (args.is("-o", "--output")) {
+      args.value(options.output, "a file name");
     } else {
-      options.input = arg;
-      have_input = true;
+      args.input(options.input);
     }
   }
-  return true;
+  error = args.error();
+  return args.ok();
 }
 
 std::u16string widen(const std::string &s) {

@@ -9,6 +9,7 @@
 #include "dtree.h"
 #include "hts_model.h"
 #include "utterance.h"
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/file_io.h"
 #include "utts/image_kinds.h"
@@ -45,43 +46,28 @@ struct Options {
 };
 
 bool parse_options(int argc, char **argv, Options &o, std::string &error) {
-  int positional = 0;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
-        error = "option '" + arg + "' needs a value";
-        return false;
-      }
-      into = argv[++i];
-      return true;
-    };
-    if (arg == "-h" || arg == "--help") {
+  Arguments args("lookup", argc, argv);
+  std::vector<std::string> operands;
+  while (args.next()) {
+    std::string n;
+    if (args.is("-h", "--help")) {
       o.help = true;
-    } else if (arg == "-f" || arg == "--fields") {
-      if (!value(o.fields_file)) return false;
-    } else if (arg == "-t" || arg == "--tree") {
-      std::string n;
-      if (!value(n)) return false;
-      if (n.find_first_not_of("0123456789") != std::string::npos || n.size() > 2) {
-        error = "the tree is a number from 0";
-        return false;
-      }
-      o.tree = std::stoi(n);
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      error = "unknown option '" + arg + "' (see 'utts lookup --help')";
-      return false;
-    } else if (positional == 0) {
-      o.image_file = arg;
-      ++positional;
-    } else if (positional == 1) {
-      o.labels_file = arg;
-      ++positional;
-    } else {
-      error = "more than an image and a label file given";
-      return false;
+    } else if (args.is("-f", "--fields")) {
+      args.value(o.fields_file, "a value");
+    } else if (args.is("-t", "--tree")) {
+      if (!args.value(n, "a value")) continue;
+      if (n.find_first_not_of("0123456789") != std::string::npos || n.size() > 2)
+        args.fail("the tree is a number from 0");
+      else
+        o.tree = std::stoi(n);
+    } else if (args.operand(operands) && operands.size() > 2) {
+      args.fail("more than an image and a label file given");
     }
   }
+  error = args.error();
+  if (!args.ok()) return false;
+  if (!operands.empty()) o.image_file = operands[0];
+  if (operands.size() > 1) o.labels_file = operands[1];
   if (!o.help && o.image_file.empty()) {
     error = "no image given (see 'utts lookup --help')";
     return false;

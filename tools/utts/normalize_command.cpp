@@ -1,6 +1,7 @@
 // normalize_command.cpp - "utts normalize": read SSML or plain text, run the
 // rule sets and the readers of the language, mirror the result in an utterance and
 // save it as SSML.
+#include "utts/arguments.h"
 #include "utts/command.h"
 
 #include <mxml.h>
@@ -61,40 +62,23 @@ struct Options {
 
 // Parses the options; on error returns false with a message.
 bool parse_options(int argc, char **argv, Options &options, std::string &error) {
-  bool have_input = false;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into, const char *what) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') {
-        error = "option '" + arg + "' needs " + what;
-        return false;
-      }
-      into = argv[++i];
-      return true;
-    };
-    if (arg == "-h" || arg == "--help") {
+  Arguments args("normalize", argc, argv);
+  while (args.next()) {
+    std::string file;
+    if (args.is("-h", "--help")) {
       options.help = true;
-    } else if (arg == "-r" || arg == "--rules") {
-      std::string file;
-      if (!value(file, "a file name")) return false;
-      options.rule_files.push_back(file);
-    } else if (arg == "-o" || arg == "--output") {
-      if (!value(options.output, "a file name")) return false;
-    } else if (arg == "-l" || arg == "--lang") {
-      if (!value(options.lang, "a language tag")) return false;
-      options.lang_given = true;
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      error = "unknown option '" + arg + "' (see 'utts normalize --help')";
-      return false;
-    } else if (have_input) {
-      error = "more than one input file given ('" + options.input + "', '" + arg + "')";
-      return false;
+    } else if (args.is("-r", "--rules")) {
+      if (args.value(file, "a file name")) options.rule_files.push_back(file);
+    } else if (args.is("-o", "--output")) {
+      args.value(options.output, "a file name");
+    } else if (args.is("-l", "--lang")) {
+      options.lang_given = args.value(options.lang, "a language tag");
     } else {
-      options.input = arg;
-      have_input = true;
+      args.input(options.input);
     }
   }
-  return true;
+  error = args.error();
+  return args.ok();
 }
 
 // Mirrors the tree in an utterance and saves it as SSML to `path` ("-":

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "nlp_dict.h"
+#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/dict_source.h"
 #include "utts/dictionary_file.h"
@@ -37,34 +38,25 @@ const char kUsage[] =
 
 int run_segment(int argc, char **argv) {
   std::string dict_file = UTTS_SAMPLE_DICT, input = "-", output = "-";
-  bool tokens = false, scores = false, have_input = false;
-  for (int i = 0; i < argc; ++i) {
-    const std::string arg = argv[i];
-    auto value = [&](std::string &into) {
-      if (i + 1 >= argc || argv[i + 1][0] == '\0') return false;
-      into = argv[++i];
-      return true;
-    };
-    if (arg == "-h" || arg == "--help") {
+  bool tokens = false, scores = false;
+  Arguments args("segment", argc, argv);
+  while (args.next()) {
+    if (args.is("-h", "--help")) {
       std::fputs(kUsage, stdout);
       return 0;
-    } else if (arg == "-d" || arg == "--dict") {
-      if (!value(dict_file)) return fail("option '" + arg + "' needs a file name", 2);
-    } else if (arg == "-o" || arg == "--output") {
-      if (!value(output)) return fail("option '" + arg + "' needs a file name", 2);
-    } else if (arg == "-t" || arg == "--tokens") {
+    } else if (args.is("-d", "--dict")) {
+      args.value(dict_file, "a file name");
+    } else if (args.is("-o", "--output")) {
+      args.value(output, "a file name");
+    } else if (args.is("-t", "--tokens")) {
       tokens = true;
-    } else if (arg == "-s" || arg == "--scores") {
+    } else if (args.is("-s", "--scores")) {
       scores = true;
-    } else if (arg.size() > 1 && arg[0] == '-') {
-      return fail("unknown option '" + arg + "' (see 'utts segment --help')", 2);
-    } else if (have_input) {
-      return fail("more than one input file given", 2);
     } else {
-      input = arg;
-      have_input = true;
+      args.input(input);
     }
   }
+  if (!args.ok()) return fail(args.error(), 2);
   std::string text, error;
   if (dict_file.empty()) return fail("no dictionary given (-d)", 2);
   DictionaryFile dictionary;
