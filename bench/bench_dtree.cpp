@@ -35,6 +35,7 @@
 #include "bench_runner.h"
 #include "context_label.h"
 #include "dtree.h"
+#include "label_phrase.h"
 #include "prosodic_hierarchy.h"
 #include "ssml_io.h"
 #include "ssml_tags.h"
@@ -86,49 +87,8 @@ std::string document() {
   return ssml + "</s></speak>";
 }
 
-// The 40 fields: phones around, places and sizes at every level, tones.
-const char *const kNames[] = {"p.p.name",
-                              "p.name",
-                              "name",
-                              "n.name",
-                              "n.n.name",
-                              "R:Phrase.PositionFW",
-                              "R:Phrase.PositionBW",
-                              "R:Phrase.PositionFW2",
-                              "R:Phrase.PositionBW2",
-                              "R:Phrase.PositionFW3",
-                              "R:Phrase.PositionBW3",
-                              "R:Phrase.PositionFW4",
-                              "R:Phrase.PositionBW4",
-                              "R:Phrase.parent.tone",
-                              "R:Phrase.parent.p.tone",
-                              "R:Phrase.parent.n.tone",
-                              "R:Phrase.parent.NumDaughter",
-                              "R:Phrase.parent.PositionFW",
-                              "R:Phrase.parent.PositionBW",
-                              "R:Phrase.parent.PositionFW2",
-                              "R:Phrase.parent.PositionBW2",
-                              "R:Phrase.parent.PositionFW3",
-                              "R:Phrase.parent.PositionBW3",
-                              "R:Phrase.parent.parent.NumDaughter",
-                              "R:Phrase.parent.parent.NumDaughter2",
-                              "R:Phrase.parent.parent.PositionFW",
-                              "R:Phrase.parent.parent.PositionBW",
-                              "R:Phrase.parent.parent.PositionFW2",
-                              "R:Phrase.parent.parent.PositionBW2",
-                              "R:Phrase.parent.parent.p.NumDaughter",
-                              "R:Phrase.parent.parent.n.NumDaughter",
-                              "R:Phrase.parent.parent.parent.NumDaughter",
-                              "R:Phrase.parent.parent.parent.NumDaughter3",
-                              "R:Phrase.parent.parent.parent.PositionFW",
-                              "R:Phrase.parent.parent.parent.PositionBW",
-                              "R:Phrase.parent.parent.parent.parent.NumDaughter",
-                              "R:Phrase.parent.parent.parent.parent.NumDaughter2",
-                              "R:Phrase.parent.parent.parent.parent.NumDaughter3",
-                              "pho-pos",
-                              "0"};
-constexpr int kFields = sizeof kNames / sizeof kNames[0];
-static_assert(kFields == 40, "a 40-field table");
+const auto &kNames = bench::kLabelFields;
+constexpr int kFields = bench::kLabelFieldCount;
 
 struct Node {
   int16_t id, question, no, yes;
@@ -170,18 +130,8 @@ struct Fixture {
   }
 
   void build_phrase() {
-    u = new_utterance();
-    utt_load_ssml(u, document().c_str());
-    item *root = relation_head(utt_relation(u, "ssml"));
-    for (item *w = utt_walk_next_tag(root, root, 1, WordTagName()); w != nullptr;
-         w = utt_walk_next_tag(w, root, 1, WordTagName()))
-      CreatePhonemeWord(w, item_feat_wstring(w, "ph"));
-    feat_set(u->features, "focus", item_val(root));
-    FocusPhraseCreate(u);
-    feat_set(u->features, "focus_phrase", item_val(relation_head(utt_relation(u, "focus_phrase"))));
-    PhraseCreate(u, u"en-US");
-    for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p))
-      phones.push_back(p);
+    u = bench::build_phrase(document());
+    phones = bench::phrase_phones(u);
   }
 
   // The values each field takes over the phrase, to ask questions that hold

@@ -30,6 +30,7 @@
 #include "bsr_unicode.h"
 #include "context_label.h"
 #include "ipa_phoneme.h"
+#include "label_phrase.h"
 #include "prosodic_hierarchy.h"
 #include "ssml_io.h"
 #include "ssml_tags.h"
@@ -79,49 +80,8 @@ std::string document() {
   return ssml + "</s></speak>";
 }
 
-// The 40 fields: phones around, places and sizes at every level, tones.
-const char *const kNames[] = {"p.p.name",
-                              "p.name",
-                              "name",
-                              "n.name",
-                              "n.n.name",
-                              "R:Phrase.PositionFW",
-                              "R:Phrase.PositionBW",
-                              "R:Phrase.PositionFW2",
-                              "R:Phrase.PositionBW2",
-                              "R:Phrase.PositionFW3",
-                              "R:Phrase.PositionBW3",
-                              "R:Phrase.PositionFW4",
-                              "R:Phrase.PositionBW4",
-                              "R:Phrase.parent.tone",
-                              "R:Phrase.parent.p.tone",
-                              "R:Phrase.parent.n.tone",
-                              "R:Phrase.parent.NumDaughter",
-                              "R:Phrase.parent.PositionFW",
-                              "R:Phrase.parent.PositionBW",
-                              "R:Phrase.parent.PositionFW2",
-                              "R:Phrase.parent.PositionBW2",
-                              "R:Phrase.parent.PositionFW3",
-                              "R:Phrase.parent.PositionBW3",
-                              "R:Phrase.parent.parent.NumDaughter",
-                              "R:Phrase.parent.parent.NumDaughter2",
-                              "R:Phrase.parent.parent.PositionFW",
-                              "R:Phrase.parent.parent.PositionBW",
-                              "R:Phrase.parent.parent.PositionFW2",
-                              "R:Phrase.parent.parent.PositionBW2",
-                              "R:Phrase.parent.parent.p.NumDaughter",
-                              "R:Phrase.parent.parent.n.NumDaughter",
-                              "R:Phrase.parent.parent.parent.NumDaughter",
-                              "R:Phrase.parent.parent.parent.NumDaughter3",
-                              "R:Phrase.parent.parent.parent.PositionFW",
-                              "R:Phrase.parent.parent.parent.PositionBW",
-                              "R:Phrase.parent.parent.parent.parent.NumDaughter",
-                              "R:Phrase.parent.parent.parent.parent.NumDaughter2",
-                              "R:Phrase.parent.parent.parent.parent.NumDaughter3",
-                              "pho-pos",
-                              "0"};
-constexpr int kFields = sizeof kNames / sizeof kNames[0];
-static_assert(kFields == 40, "a 40-field table");
+const auto &kNames = bench::kLabelFields;
+constexpr int kFields = bench::kLabelFieldCount;
 
 struct Tables {
   std::vector<const char *> prefixes, suffixes;
@@ -135,30 +95,10 @@ struct Tables {
   }
 };
 
-// Loads the document, gives every word its pronunciation and builds the
-// phrase; the utterance is the caller's.
-utterance *build(const std::string &ssml) {
-  utterance *u = new_utterance();
-  utt_load_ssml(u, ssml.c_str());
-  item *root = relation_head(utt_relation(u, "ssml"));
-  for (item *w = utt_walk_next_tag(root, root, 1, WordTagName()); w != nullptr;
-       w = utt_walk_next_tag(w, root, 1, WordTagName())) {
-    CreatePhonemeWord(w, item_feat_wstring(w, "ph"));
-  }
-  feat_set(u->features, "focus", item_val(root));
-  FocusPhraseCreate(u);
-  feat_set(u->features, "focus_phrase", item_val(relation_head(utt_relation(u, "focus_phrase"))));
-  PhraseCreate(u, u"en-US");
-  return u;
-}
-
 void labels(benchmark::State &state) {
   const Tables tables;
-  utterance *u = build(document());
-  std::vector<item *> phones;
-  for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
-    phones.push_back(p);
-  }
+  utterance *u = bench::build_phrase(document());
+  const std::vector<item *> phones = bench::phrase_phones(u);
   static char label[4096];
   uint64_t allocations = 0;
   for (auto _ : state) {
@@ -180,7 +120,7 @@ void labels(benchmark::State &state) {
 // The peer: each field through ffeature, printed with snprintf.
 void labels_ffeature(benchmark::State &state) {
   const Tables tables;
-  utterance *u = build(document());
+  utterance *u = bench::build_phrase(document());
   for (const char *name : kNames) {
     if (ffunc fn = GetFeatFunc(name); fn != nullptr) ff_register(u->ffunctions, name, fn);
   }
@@ -190,10 +130,7 @@ void labels_ffeature(benchmark::State &state) {
       if (*c == '.') last = c + 1;
     if (ffunc fn = GetFeatFunc(last); fn != nullptr) ff_register(u->ffunctions, last, fn);
   }
-  std::vector<item *> phones;
-  for (item *p = relation_head(utt_relation(u, "Phone")); p != nullptr; p = item_next(p)) {
-    phones.push_back(p);
-  }
+  const std::vector<item *> phones = bench::phrase_phones(u);
   static char label[8192];
   uint64_t allocations = 0;
   for (auto _ : state) {
@@ -230,7 +167,7 @@ void hierarchy(benchmark::State &state) {
   int phones = 0;
   for (auto _ : state) {
     const uint64_t before = g_allocations;
-    utterance *u = build(ssml);
+    utterance *u = bench::build_phrase(ssml);
     allocations += g_allocations - before;
     state.PauseTiming();
     phones = 0;
