@@ -303,7 +303,9 @@ void utils_lookup(benchmark::State &state) {
   report(state, allocations);
 }
 
-void fnmatch_lookup(benchmark::State &state) {
+// A peer's lookups, matching each pattern with `match` (glob or regex).
+template <typename Match>
+void peer_lookups(benchmark::State &state, Match match) {
   const Fixture &f = fixture();
   uint64_t allocations = 0;
   for (auto _ : state) {
@@ -311,25 +313,14 @@ void fnmatch_lookup(benchmark::State &state) {
     for (const item *p : f.phones)
       benchmark::DoNotOptimize(
           f.peer_lookup(p, g_label, sizeof g_label,
-                        [&](int q, int k, const char *l) { return Fixture::glob(f, q, k, l); }));
+                        [&](int q, int k, const char *l) { return match(f, q, k, l); }));
     allocations += g_allocations - before;
   }
   report(state, allocations);
 }
 
-void re2_lookup(benchmark::State &state) {
-  const Fixture &f = fixture();
-  uint64_t allocations = 0;
-  for (auto _ : state) {
-    const uint64_t before = g_allocations;
-    for (const item *p : f.phones)
-      benchmark::DoNotOptimize(
-          f.peer_lookup(p, g_label, sizeof g_label,
-                        [&](int q, int k, const char *l) { return Fixture::regex(f, q, k, l); }));
-    allocations += g_allocations - before;
-  }
-  report(state, allocations);
-}
+void fnmatch_lookup(benchmark::State &state) { peer_lookups(state, Fixture::glob); }
+void re2_lookup(benchmark::State &state) { peer_lookups(state, Fixture::regex); }
 
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
