@@ -28,33 +28,11 @@ extern "C" {
 #include <string>
 #include <vector>
 
+#include "allocation_count.h"
 #include "bench_runner.h"
 #include "nlp_dict.h"
 
-extern "C" {
-void *__libc_malloc(size_t);
-void *__libc_calloc(size_t, size_t);
-void *__libc_realloc(void *, size_t);
-}
-
-namespace {
-uint64_t g_allocations = 0;
-}
-
-extern "C" {
-void *malloc(size_t n) {
-  ++g_allocations;
-  return __libc_malloc(n);
-}
-void *calloc(size_t n, size_t size) {
-  ++g_allocations;
-  return __libc_calloc(n, size);
-}
-void *realloc(void *p, size_t n) {
-  ++g_allocations;
-  return __libc_realloc(p, n);
-}
-}
+using bench::g_allocations;
 
 namespace {
 

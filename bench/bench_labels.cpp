@@ -26,6 +26,7 @@
 #include <string>
 #include <vector>
 
+#include "allocation_count.h"
 #include "bench_runner.h"
 #include "bsr_unicode.h"
 #include "context_label.h"
@@ -37,32 +38,7 @@
 #include "utt_ffeature.h"
 #include "utt_walk.h"
 
-extern "C" {
-void *__libc_malloc(size_t);
-void *__libc_calloc(size_t, size_t);
-void *__libc_realloc(void *, size_t);
-void __libc_free(void *);
-}
-
-namespace {
-uint64_t g_allocations = 0;
-}  // namespace
-
-extern "C" {
-void *malloc(size_t n) {
-  ++g_allocations;
-  return __libc_malloc(n);
-}
-void *calloc(size_t n, size_t size) {
-  ++g_allocations;
-  return __libc_calloc(n, size);
-}
-void *realloc(void *p, size_t n) {
-  ++g_allocations;
-  return __libc_realloc(p, n);
-}
-void free(void *p) { __libc_free(p); }
-}
+using bench::g_allocations;
 
 namespace {
 
