@@ -7,14 +7,9 @@ set -u
 UTTS=$1
 SAMPLE=$2
 DATA=$3
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
+. "$(dirname "$0")/../cli_checks.sh"
 expect() {  # expect NAME EXPECTED ACTUAL
-  if [ "$2" != "$3" ]; then
-    printf 'FAIL %s\n  expected: %s\n  actual:   %s\n' "$1" "$2" "$3"
-    failures=$((failures + 1))
-  fi
+  check "$1" [ "$2" = "$3" ] || printf '  expected: %s\n  actual:   %s\n' "$2" "$3"
 }
 
 printf '# classes\nn\nv\nx 9\ndefault x\n' > "$work/classes"
@@ -68,4 +63,4 @@ expect "sample dictionary round trip" 0 $?
 expect "breaks" "我/r 爱/v 北京/ns 天安门/ns ∣ 。/x ∕ 今天天气/i ∣ 很/zg 好/a ，/x ∣ 我们/r 去/v 公园/n 散步/n 吧/y ！/x" \
   "$(printf '我爱北京天安门。今天天气很好，我们去公园散步吧！\n' | "$UTTS" breaks -d "$SAMPLE")"
 
-exit $((failures > 0))
+summary utts_dict

@@ -8,15 +8,7 @@ set -u
 utts=$1
 data=$2
 built=$3
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-passes=0
-
-check() {  # check NAME CONDITION...
-  name=$1; shift
-  if "$@"; then passes=$((passes + 1)); else echo "FAILED: $name"; failures=$((failures + 1)); fi
-}
+. "$(dirname "$0")/../cli_checks.sh"
 
 # Round trips: text -> image -> text -> image, for both kinds and for the
 # images the build made.
@@ -112,5 +104,4 @@ expect_error "a tree file without fields" 1 "give -f FIELDS" "$utts" lookup "$wo
 printf '[L]x/[C]m/\n' > "$work/short.labels"
 expect_error "a short label" 1 "label 1: field 3" "$utts" lookup "$work/model.img" "$work/short.labels"
 
-echo "utts_trees: $passes passed, $failures failed"
-[ "$failures" -eq 0 ]
+summary utts_trees

@@ -5,15 +5,7 @@
 # Usage: utts_analyze_test.sh UTTS_BINARY
 set -u
 utts=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-passes=0
-
-check() {  # check NAME CONDITION...
-  name=$1; shift
-  if "$@"; then passes=$((passes + 1)); else echo "FAILED: $name"; failures=$((failures + 1)); fi
-}
+. "$(dirname "$0")/../cli_checks.sh"
 
 # Two sentences, a number, an English word: 我喜欢Python。今天是5号。
 printf '我喜欢Python。今天是5号。' > "$work/in.txt"
@@ -55,5 +47,4 @@ check "bad dictionary: message" grep -q 'is not a sound dictionary image' "$work
 printf '你好' | "$utts" analyze --frob > /dev/null 2> "$work/opt.err"
 check "unknown option: exit 2" [ $? -eq 2 ]
 
-echo "utts_analyze: $passes passed, $failures failed"
-[ $failures -eq 0 ]
+summary utts_analyze

@@ -6,15 +6,7 @@
 set -u
 utts=$1
 example=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-passes=0
-
-check() {  # check NAME CONDITION...
-  name=$1; shift
-  if "$@"; then passes=$((passes + 1)); else echo "FAILED: $name"; failures=$((failures + 1)); fi
-}
+. "$(dirname "$0")/../cli_checks.sh"
 
 "$utts" labels "$example" > "$work/main.lab"
 check "main build exits 0" [ $? -eq 0 ]
@@ -58,5 +50,4 @@ check "text that is not SSML fails" [ $? -eq 1 ]
 "$utts" labels --bogus > /dev/null 2>&1
 check "an unknown option is bad usage" [ $? -eq 2 ]
 
-echo "$passes passed, $failures failed"
-[ "$failures" -eq 0 ]
+summary utts_labels

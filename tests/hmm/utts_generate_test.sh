@@ -10,15 +10,7 @@ set -u
 utts=$1
 built=$2
 example=$3
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-passes=0
-
-check() {  # check NAME CONDITION...
-  name=$1; shift
-  if "$@"; then passes=$((passes + 1)); else echo "FAILED: $name"; failures=$((failures + 1)); fi
-}
+. "$(dirname "$0")/../cli_checks.sh"
 expect_error() {  # expect_error NAME STATUS PATTERN COMMAND...
   name=$1; status=$2; pattern=$3; shift 3
   "$@" > "$work/out" 2> "$work/err"
@@ -255,5 +247,4 @@ expect_error "an unknown option" 2 "unknown option '--speed'" \
 expect_error "a missing model file" 1 "missing.img" \
   "$utts" generate "$work/missing.img" "$work/aba.lab"
 
-echo "utts_generate: $passes passed, $failures failed"
-[ "$failures" -eq 0 ]
+summary utts_generate

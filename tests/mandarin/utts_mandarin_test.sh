@@ -7,15 +7,7 @@
 set -u
 utts=$1
 example=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-passes=0
-
-check() {  # check NAME CONDITION...
-  name=$1; shift
-  if "$@"; then passes=$((passes + 1)); else echo "FAILED: $name"; failures=$((failures + 1)); fi
-}
+. "$(dirname "$0")/../cli_checks.sh"
 
 printf '售价¥12.50，共2个。' | "$utts" normalize --lang zh-CN > "$work/plain.ssml"
 check "plain text exits 0" [ $? -eq 0 ]
@@ -57,5 +49,4 @@ check "the example's date" grep -q 'alias="二零二六年十一月二十四日"
 check "the example's temperatures" grep -q 'alias="零下五摄氏度">-5℃</sub>到' "$work/example.out"
 check "the example's English name is left alone" grep -q 'Maria Lopez' "$work/example.out"
 
-echo "utts_mandarin: $passes passed, $failures failed"
-[ $failures -eq 0 ]
+summary utts_mandarin

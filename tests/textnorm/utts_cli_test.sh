@@ -5,15 +5,7 @@
 # Usage: utts_cli_test.sh UTTS_BINARY
 set -u
 utts=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-passes=0
-
-check() {  # check NAME CONDITION...
-  name=$1; shift
-  if "$@"; then passes=$((passes + 1)); else echo "FAILED: $name"; failures=$((failures + 1)); fi
-}
+. "$(dirname "$0")/../cli_checks.sh"
 
 printf '<speak><s>It costs $12.50 on 11/21/2026.</s></speak>' > "$work/in.ssml"
 "$utts" normalize -o "$work/out.ssml" "$work/in.ssml"
@@ -84,5 +76,4 @@ expect_error "unknown command" "unknown command 'frob'" frob
 check "help exits 0" [ $? -eq 0 ]
 check "help explains usage" grep -q '^Usage: utts normalize' "$work/help.txt"
 
-echo "utts_cli: $passes passed, $failures failed"
-[ $failures -eq 0 ]
+summary utts_cli
