@@ -103,11 +103,7 @@ int run_breaks(int argc, char **argv) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     out += line_breaks(dict, utf8_to_utf16(line), tokens) + "\n";
   }
-  std::FILE *f = output == "-" ? stdout : std::fopen(output.c_str(), "wb");
-  if (f == nullptr) return fail("cannot write '" + output + "'");
-  const bool written = std::fwrite(out.data(), 1, out.size(), f) == out.size();
-  if ((f != stdout && std::fclose(f) != 0) || !written)
-    return fail("cannot write '" + output + "'");
+  if (!write_all(output, out, error)) return fail(error);
   return 0;
 }
 

@@ -46,18 +46,6 @@ const char kModelUsage[] =
     "  -o, --output FILE  write the image to FILE\n"
     "  -h, --help         show this help\n";
 
-bool write_file(const std::string &path, const std::string &bytes, std::string &error) {
-  std::FILE *out = path == "-" ? stdout : std::fopen(path.c_str(), "wb");
-  if (out == nullptr) {
-    error = "cannot write '" + path + "'";
-    return false;
-  }
-  bool ok = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
-  ok = (out == stdout ? std::fflush(out) == 0 : std::fclose(out) == 0) && ok;
-  if (!ok) error = "cannot write '" + path + "'";
-  return ok;
-}
-
 // Reads the arguments common to both commands: -o and one input. Returns
 // -1 to go on, else the exit status.
 int read_arguments(int argc, char **argv, const char *usage, const char *command,
@@ -96,7 +84,7 @@ int run_compile_tree(int argc, char **argv) {
           DTree_Check(image.data(), image.size(), static_cast<int>(set.trees.size()));
       fault != 0)
     return fail("internal error: the image fails its check at offset " + std::to_string(fault));
-  return write_file(output, image, error) ? 0 : fail(error);
+  return write_all(output, image, error) ? 0 : fail(error);
 }
 
 int run_compile_model(int argc, char **argv) {
@@ -112,7 +100,7 @@ int run_compile_model(int argc, char **argv) {
   if (!warnings.empty()) std::fprintf(stderr, "%s", warnings.c_str());
   if (const size_t fault = HTSModel_Check(image.data(), image.size()); fault != 0)
     return fail("internal error: the image fails its check at offset " + std::to_string(fault));
-  return write_file(output, image, error) ? 0 : fail(error);
+  return write_all(output, image, error) ? 0 : fail(error);
 }
 
 const Command kTreeCommand = {"compile-tree", "compile decision trees from their readable form",

@@ -92,10 +92,7 @@ int run_compile_dict(int argc, char **argv) {
   if (const size_t fault = NLPDIC_Check(image.data(), image.size()); fault != 0)
     return fail("the compiled image is not sound at offset " + std::to_string(fault) +
                 " (a model file that is not a compiled model?)");
-  std::FILE *f = std::fopen(output.c_str(), "wb");
-  if (f == nullptr) return fail("cannot write '" + output + "'");
-  const bool ok = std::fwrite(image.data(), 1, image.size(), f) == image.size();
-  if (std::fclose(f) != 0 || !ok) return fail("cannot write '" + output + "'");
+  if (!write_all(output, std::string(image.begin(), image.end()), error)) return fail(error);
   return 0;
 }
 

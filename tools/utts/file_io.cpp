@@ -45,6 +45,14 @@ bool read_all(const std::string &path, std::string &text, std::string &error) {
   return ok;
 }
 
+bool write_all(const std::string &path, const std::string &bytes, std::string &error) {
+  std::FILE *out = path == "-" ? stdout : std::fopen(path.c_str(), "wb");
+  bool ok = out != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
+  if (out != nullptr) ok = (out == stdout ? std::fflush(out) == 0 : std::fclose(out) == 0) && ok;
+  if (!ok) error = "cannot write '" + path + "'";
+  return ok;
+}
+
 bool copy_to_stdout(const std::string &from, std::string &error) {
   std::string text;
   if (!read_all(from, text, error)) return false;

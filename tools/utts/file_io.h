@@ -15,6 +15,10 @@ int fail(const std::string &message, int status = 1);
 // false with a reason in `error`.
 bool read_all(const std::string &path, std::string &text, std::string &error);
 
+// Writes `bytes` to `path` ("-": standard output). On failure returns false
+// with "cannot write 'PATH'" in `error`.
+bool write_all(const std::string &path, const std::string &bytes, std::string &error);
+
 // Copies the file at `from` to standard output. False with a reason on failure.
 bool copy_to_stdout(const std::string &from, std::string &error);
 

@@ -136,18 +136,6 @@ std::string tracks_raw(const Tracks &t) {
   return out;
 }
 
-bool write_output(const std::string &path, const std::string &bytes, std::string &error) {
-  std::FILE *out = path == "-" ? stdout : std::fopen(path.c_str(), "wb");
-  if (out == nullptr) {
-    error = "cannot write '" + path + "'";
-    return false;
-  }
-  bool ok = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
-  ok = (out == stdout ? std::fflush(out) == 0 : std::fclose(out) == 0) && ok;
-  if (!ok) error = "cannot write '" + path + "'";
-  return ok;
-}
-
 int run(const Options &o) {
   std::string error;
   // Before any work: a plot needs gnuplot.
@@ -194,7 +182,7 @@ int run(const Options &o) {
   if (labels.empty()) return fail(labels_name + ": no labels in it");
   Tracks tracks;
   if (!voice.generate(labels, tracks, error)) return fail(labels_name + ": " + error);
-  if (!write_output(o.output, o.format == "raw" ? tracks_raw(tracks) : tracks_text(tracks), error))
+  if (!write_all(o.output, o.format == "raw" ? tracks_raw(tracks) : tracks_text(tracks), error))
     return fail(error);
   if (!o.plot.empty() && !plot_tracks(tracks, gnuplot, o.plot, error)) return fail(error);
   return 0;

@@ -94,11 +94,7 @@ int run_segment(int argc, char **argv) {
     out += '\n';
     NLPDIC_DeleNode(head);
   }
-  std::FILE *f = output == "-" ? stdout : std::fopen(output.c_str(), "wb");
-  if (f == nullptr) return fail("cannot write '" + output + "'");
-  const bool written = std::fwrite(out.data(), 1, out.size(), f) == out.size();
-  if ((f != stdout && std::fclose(f) != 0) || !written)
-    return fail("cannot write '" + output + "'");
+  if (!write_all(output, out, error)) return fail(error);
   return ok ? 0 : 1;
 }
 
