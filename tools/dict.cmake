@@ -6,6 +6,7 @@
 target_sources(utts PRIVATE
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/compile_dict_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/dict_source.cpp
+  ${CMAKE_CURRENT_SOURCE_DIR}/utts/line_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/segment_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/breaks_command.cpp
   ${CMAKE_CURRENT_SOURCE_DIR}/utts/analyze_command.cpp)

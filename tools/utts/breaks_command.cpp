@@ -1,22 +1,14 @@
 // breaks_command.cpp - "utts breaks": text in, words with their classes and
 // the prosodic-word and phrase breaks between them out.
-#include <cstdio>
-#include <sstream>
 #include <string>
 
 #include "nlp_dict.h"
 #include "phrase_break.h"
 #include "utt_features.h"
 #include "utterance.h"
-#include "utts/arguments.h"
 #include "utts/command.h"
 #include "utts/dict_source.h"
-#include "utts/dictionary_file.h"
-#include "utts/file_io.h"
-
-#ifndef UTTS_SAMPLE_DICT
-#define UTTS_SAMPLE_DICT ""
-#endif
+#include "utts/line_command.h"
 
 namespace utts {
 namespace {
@@ -39,9 +31,9 @@ const char kUsage[] =
     "  -h, --help         show this help\n";
 
 // The words of one line with their breaks.
-std::string line_breaks(NLPDIC *dict, const std::u16string &text, bool tokens) {
+bool line_breaks(NLPDIC *dict, const std::u16string &text, bool tokens, bool, std::string &line) {
   NLPDIC_Node *head = NLPDIC_DictBreak(dict, text.c_str(), tokens ? 0 : 1);
-  if (head == nullptr) return "";
+  if (head == nullptr) return true;
   utterance *u = new_utterance();
   relation *words = utt_relation_create(u, "_Word_");
   for (NLPDIC_Node *n = head->Link; n != nullptr && n->ClassId != -1; n = n->Link) {
@@ -68,44 +60,13 @@ std::string line_breaks(NLPDIC *dict, const std::u16string &text, bool tokens) {
       out += " " + utf16_to_utf8(g_pmWordBreak);
   }
   delete_utterance(u);
-  return out;
+  line += out;
+  return true;
 }
 
-int run_breaks(int argc, char **argv) {
-  std::string dict_file = UTTS_SAMPLE_DICT, input = "-", output = "-";
-  bool tokens = false;
-  Arguments args("breaks", argc, argv);
-  while (args.next()) {
-    if (args.is("-h", "--help")) {
-      std::fputs(kUsage, stdout);
-      return 0;
-    } else if (args.is("-d", "--dict")) {
-      args.value(dict_file, "a file name");
-    } else if (args.is("-o", "--output")) {
-      args.value(output, "a file name");
-    } else if (args.is("-t", "--tokens")) {
-      tokens = true;
-    } else {
-      args.input(input);
-    }
-  }
-  if (!args.ok()) return fail(args.error(), 2);
-  std::string text, error;
-  if (dict_file.empty()) return fail("no dictionary given (-d)", 2);
-  DictionaryFile dictionary;
-  if (!dictionary.open(dict_file, error)) return fail(error);
-  if (!read_all(input, text, error)) return fail(error);
-  NLPDIC *dict = dictionary.get();
-  std::string out;
-  std::istringstream lines(text);
-  std::string line;
-  while (std::getline(lines, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    out += line_breaks(dict, utf8_to_utf16(line), tokens) + "\n";
-  }
-  if (!write_all(output, out, error)) return fail(error);
-  return 0;
-}
+const LineCommand kLines = {"breaks", kUsage, nullptr, nullptr, line_breaks};
+
+int run_breaks(int argc, char **argv) { return run_line_command(kLines, argc, argv); }
 
 const Command kCommand = {"breaks", "segment text and mark prosodic-word and phrase breaks", kUsage,
                           run_breaks};
