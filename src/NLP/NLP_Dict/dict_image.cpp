@@ -458,7 +458,9 @@ UTILS_API NLPDIC *NLPDIC_Create(const void *image) {
   }
   build_filter(dict, &object->filter);
   build_first_index(object);
-  object->recent = static_cast<RecentRuns *>(zeroed(sizeof(RecentRuns)));
+  // The recent runs serve the searches through the first-unit index only.
+  if (object->first.slot_of != nullptr)
+    object->recent = static_cast<RecentRuns *>(zeroed(sizeof(RecentRuns)));
   return dict;
 }
 
