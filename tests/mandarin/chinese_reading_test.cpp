@@ -8,23 +8,14 @@
 
 #include "bsr_cstr.h"
 #include "hconverter.h"
+#include "textnorm/textnorm_fixture.h"
 #include "utts/chinese_readers.h"
 #include "utts/language_packs.h"
 #include "utts/text_normalizer.h"
 
 namespace {
 
-// "written=spoken" for every sub element, in document order, joined by " | ".
-std::string subs(mxml_node_t *tree) {
-  std::string out;
-  for (mxml_node_t *n = tree; n != nullptr; n = mxmlWalkNext(n, tree, MXML_DESCEND)) {
-    if (mxmlGetType(n) != MXML_ELEMENT || std::string(mxmlGetElement(n)) != "sub") continue;
-    mxml_node_t *text = mxmlGetFirstChild(n);
-    out += (out.empty() ? "" : " | ") + std::string(text != nullptr ? mxmlGetOpaque(text) : "") +
-           "=" + mxmlElementGetAttr(n, "alias");
-  }
-  return out;
-}
+using textnorm_test::subs;
 
 // The bundled Mandarin rules and readers, loaded once.
 utts::TextNormalizer &mandarin() {

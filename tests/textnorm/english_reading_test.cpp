@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bsr_unicode.h"
+#include "textnorm/english_normalizer.h"
 #include "textnorm/textnorm_fixture.h"
 #include "utts/english_readers.h"
 #include "utts/text_normalizer.h"
@@ -14,27 +15,6 @@
 namespace {
 
 using namespace textnorm_test;
-
-// "written=spoken" for every sub element, in document order, joined by " | ".
-std::string subs(mxml_node_t *tree) {
-  std::string out;
-  for (mxml_node_t *n = tree; n != nullptr; n = mxmlWalkNext(n, tree, MXML_DESCEND)) {
-    if (mxmlGetType(n) != MXML_ELEMENT || std::string(mxmlGetElement(n)) != "sub") continue;
-    mxml_node_t *text = mxmlGetFirstChild(n);
-    out += (out.empty() ? "" : " | ") + std::string(text != nullptr ? mxmlGetOpaque(text) : "") +
-           "=" + mxmlElementGetAttr(n, "alias");
-  }
-  return out;
-}
-
-// The bundled rules and readers, loaded once.
-utts::TextNormalizer &english() {
-  static utts::TextNormalizer normalizer;
-  static const bool loaded =
-      normalizer.add_rules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize)).empty();
-  EXPECT_TRUE(loaded) << "every bundled rule loads";
-  return normalizer;
-}
 
 TEST(EnglishReading, Sentences) {
   const struct {

@@ -5,20 +5,13 @@
 
 #include <string>
 
+#include "textnorm/english_normalizer.h"
 #include "textnorm/textnorm_fixture.h"
 #include "utts/text_normalizer.h"
 
 namespace {
 
 using namespace textnorm_test;
-
-utts::TextNormalizer &english() {
-  static utts::TextNormalizer normalizer;
-  static const bool loaded =
-      normalizer.add_rules(std::string(utts::kEnglishRules, utts::kEnglishRulesSize)).empty();
-  EXPECT_TRUE(loaded) << "every bundled rule loads";
-  return normalizer;
-}
 
 // The text under `node` as spoken: a sub element gives its alias, text gives
 // itself.

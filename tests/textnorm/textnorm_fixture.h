@@ -1,6 +1,6 @@
 // textnorm_fixture.h - helpers of the text normalisation tests: SSML texts
-// parsed into Mini-XML trees, trees printed back exactly, and replacers loaded
-// from rule-set text.
+// parsed into Mini-XML trees, trees printed back exactly (or as their sub
+// elements' readings), and replacers loaded from rule-set text.
 #ifndef UTILS_TEXTNORM_TEXTNORM_FIXTURE_H
 #define UTILS_TEXTNORM_TEXTNORM_FIXTURE_H
 
@@ -36,6 +36,18 @@ inline mxml_node_t *find(mxml_node_t *tree, const char *name) {
       std::string(mxmlGetElement(tree)) == name)
     return tree;
   return mxmlFindElement(tree, tree, name, nullptr, nullptr, MXML_DESCEND);
+}
+
+// "written=spoken" for every sub element, in document order, joined by " | ".
+inline std::string subs(mxml_node_t *tree) {
+  std::string out;
+  for (mxml_node_t *n = tree; n != nullptr; n = mxmlWalkNext(n, tree, MXML_DESCEND)) {
+    if (mxmlGetType(n) != MXML_ELEMENT || std::string(mxmlGetElement(n)) != "sub") continue;
+    mxml_node_t *text = mxmlGetFirstChild(n);
+    out += (out.empty() ? "" : " | ") + std::string(text != nullptr ? mxmlGetOpaque(text) : "") +
+           "=" + mxmlElementGetAttr(n, "alias");
+  }
+  return out;
 }
 
 // A document parsed with every text run kept whole, owned for one test.
